@@ -1,0 +1,41 @@
+# SPDX-FileCopyrightText: 2026 The Pallistrom authors
+# SPDX-License-Identifier: MIT
+
+# Every name by which other programs, packages and people know Pallistrom. Code, tests and packaging
+# take them from here: sources include the generated "pallistrom/Names.h".
+
+set(PALLISTROM_PRODUCT "Pallistrom")
+# Also the desktop entry and the name on the session bus.
+set(PALLISTROM_APPLICATION_ID "org.pallistrom.Pallistrom")
+set(PALLISTROM_APPLICATION_OBJECT "/org/pallistrom/Pallistrom")
+
+set(PALLISTROM_KEYBOARD_BUS_NAME "org.pallistrom.Keyboard1")
+set(PALLISTROM_KEYBOARD_OBJECT "/org/pallistrom/Keyboard1")
+set(PALLISTROM_POLKIT_ACTION "org.pallistrom.keyboard.filter")
+
+set(PALLISTROM_PROGRAM "pallistrom")
+set(PALLISTROM_SERVICE_PROGRAM "pallistromd")
+set(PALLISTROM_PACKAGE "pallistrom")
+set(PALLISTROM_SERVICE_PACKAGE "pallistrom-keyboard-service")
+
+# Below $XDG_CONFIG_HOME.
+set(PALLISTROM_SETTINGS_FOLDER "pallistrom")
+# Below share, where the program is installed.
+set(PALLISTROM_DATA_FOLDER "pallistrom")
+
+# Whoever releases the program sets these three.
+set(PALLISTROM_SUPPORT_ADDRESS
+    "support@pallistrom.invalid"
+    CACHE STRING "Recipient of issue reports")
+set(PALLISTROM_FEED_ADDRESS
+    "https://pallistrom.invalid/appcast.xml"
+    CACHE STRING "Update feed")
+set(PALLISTROM_FEED_PUBLIC_KEY
+    ""
+    CACHE STRING "Ed25519 public key of the update feed, base64")
+
+configure_file("${CMAKE_CURRENT_LIST_DIR}/Names.h.in" "${CMAKE_BINARY_DIR}/include/names/pallistrom/Names.h" @ONLY)
+
+# What links this finds the generated headers.
+add_library(pallistrom_names INTERFACE)
+target_include_directories(pallistrom_names INTERFACE "${CMAKE_BINARY_DIR}/include/names")

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/application/StartedBy.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace pallistrom {
+
+namespace {
+
+/// Which our service file gives to what it starts. The name is GLib's; others took it over.
+constexpr std::string_view serviceArgument = "--gapplication-service";
+
+} // namespace
+
+StartedBy StartedBy::read(std::span<const char* const> arguments) {
+    StartedBy start;
+    start.activationToken = qgetenv("XDG_ACTIVATION_TOKEN");
+    if (start.activationToken.isEmpty()) {
+        start.activationToken = qgetenv("DESKTOP_STARTUP_ID");
+    }
+    start.isBusService = std::any_of(arguments.begin(), arguments.end(), [](const char* argument) {
+        return argument != nullptr && argument == serviceArgument;
+    });
+    return start;
+}
+
+} // namespace pallistrom

@@ -1,0 +1,282 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/x11/X11Tap.h"
+
+#include "platform/Log.h"
+#include "platform/linux/VerdictChords.h"
+#include "platform/linux/keys/KeyDelivery.h"
+#include "platform/linux/keys/KeyMap.h"
+#include "platform/linux/x11/X11KeyGrabs.h"
+#include "platform/linux/x11/X11ServerGrab.h"
+
+#include <string>
+
+namespace pallistrom {
+
+namespace {
+
+KeySet pressedAndNotReleased(const std::vector<OutputStep>& steps) {
+    KeySet keys;
+    for (const OutputStep& step : steps) {
+        if (step.kind != OutputStep::Kind::Pause) {
+            keys[step.key] = step.kind == OutputStep::Kind::Press;
+        }
+    }
+    return keys;
+}
+
+} // namespace
+
+std::optional<Obstacle> X11Tap::obstacle() {
+    if (!m_connection || !m_connection->isAlive()) {
+        m_session.reset();
+        m_connection = X11Connection::open();
+        // Asked once: a connection that is no use is kept, so that nobody is bothered again.
+        m_obstacle = findObstacle();
+    }
+    return m_obstacle;
+}
+
+std::optional<Obstacle> X11Tap::findObstacle() const {
+    if (!m_connection) {
+        return X11Connection::isForbidden() ? Obstacle::WaylandSession : Obstacle::NoDisplay;
+    }
+    if (m_connection->hasExtension("XWAYLAND") || X11Devices::areOfXWayland(*m_connection)) {
+        return Obstacle::WaylandSession;
+    }
+    return m_connection->hasExtension("XTEST") ? std::nullopt : std::optional(Obstacle::NoXTest);
+}
+
+bool X11Tap::start(KeyFilter& filter) {
+    if (!canRun()) {
+        return false;
+    }
+    m_filter = &filter;
+    m_session = std::make_unique<Session>(*m_connection);
+    // What a run that was killed has left.
+    m_session->sender.release(heldKeys().forgotten, m_session->keyboard.positions());
+    grabKeys();
+    return isRunning();
+}
+
+void X11Tap::stop() {
+    if (isRunning()) {
+        X11KeyGrabs(*m_connection).clear();
+        xcb_flush(m_connection->get());
+    }
+    m_session.reset();
+    m_filter = nullptr;
+    m_pressed.reset();
+    m_fired.reset();
+}
+
+bool X11Tap::isRunning() const {
+    return m_filter != nullptr && m_session && m_connection && m_connection->isAlive();
+}
+
+int X11Tap::descriptor() const {
+    return m_connection->descriptor();
+}
+
+void X11Tap::serve() {
+    bool hasMore = true;
+    while (hasMore && isRunning()) {
+        Changes changes;
+        while (const auto event =
+                   XcbOwned<xcb_generic_event_t>(xcb_poll_for_event(m_connection->get()))) {
+            handle(*event, changes);
+        }
+        // What it asks of the server may bring further events along.
+        hasMore = follow(changes);
+    }
+    if (m_connection) {
+        xcb_flush(m_connection->get());
+    }
+}
+
+void X11Tap::filterChanged() {
+    grabKeys();
+    serve();
+}
+
+bool X11Tap::keysAreKept() {
+    return m_keyOwners.includes(m_session->frontWindow.windowClass());
+}
+
+void X11Tap::grabKeys() {
+    X11KeyGrabs(*m_connection).clear();
+    if (keysAreKept()) {
+        return;
+    }
+    for (const TappedKey& key : m_filter->tappedKeys()) {
+        if (m_filter->wouldTouch(key)) {
+            grabKey(key);
+        }
+    }
+}
+
+void X11Tap::grabKey(const TappedKey& key) {
+    const auto code = KeyMap::evdevCode(key.keyCode);
+    const auto keycode = code ? m_session->keyboard.positions().keycode(*code) : std::nullopt;
+    if (!keycode) {
+        return;
+    }
+    const auto states = m_session->keyboard.statesWith(key.required, key.forbidden);
+    if (X11KeyGrabs(*m_connection).add(*keycode, states)) {
+        m_refusedKeys.erase(key.keyCode);
+    } else if (m_connection->isAlive() && m_refusedKeys.insert(key.keyCode).second) {
+        NSLog("Pallistrom: another program owns the shortcut on virtual key " +
+              std::to_string(key.keyCode) + "; it is left to that program");
+    }
+}
+
+void X11Tap::handle(const xcb_generic_event_t& event, Changes& changes) {
+    if (m_session->sender.hasSent(event)) {
+        return; // A key of ours met the grab of the next repeat, which fires in its place.
+    }
+    // Events that another program has made up carry a further bit, and so are none of these.
+    if (event.response_type == XCB_KEY_PRESS) {
+        pressed(reinterpret_cast<const xcb_key_press_event_t&>(event));
+    } else if (const auto release = m_session->devices.release(event)) {
+        released(*release);
+    } else if (m_session->keyboard.isChange(event)) {
+        changes.keyboard = true;
+    } else if (m_session->devices.isChange(event)) {
+        changes.devices = true;
+    } else if (m_session->frontWindow.isChange(event)) {
+        changes.frontWindow = true;
+    }
+}
+
+bool X11Tap::follow(const Changes& changes) {
+    const bool keysWereKept = keysAreKept();
+    bool changesGrabs = false;
+    if (changes.devices) {
+        m_session->devices.refresh();
+    }
+    if (changes.keyboard) {
+        X11Keyboard keyboard(*m_connection);
+        changesGrabs = !(keyboard == m_session->keyboard);
+        m_session->keyboard = keyboard;
+    }
+    if (changes.frontWindow) {
+        m_session->frontWindow.refresh();
+        changesGrabs = changesGrabs || keysAreKept() != keysWereKept;
+    }
+    if (changesGrabs) {
+        grabKeys();
+    }
+    return changes.devices || changes.keyboard || changes.frontWindow;
+}
+
+void X11Tap::pressed(const xcb_key_press_event_t& event) {
+    // What is typed while the grab is active comes to us instead of to the window in front.
+    xcb_ungrab_keyboard(m_connection->get(), XCB_CURRENT_TIME);
+
+    const X11KeyPositions& positions = m_session->keyboard.positions();
+    const X11HeldKeys held = heldKeys();
+    m_session->sender.release(held.forgotten, positions);
+
+    const auto key = positions.evdevCode(event.detail);
+    if (key && m_fired[*key] && !held.physical[*key]) {
+        return; // A repeat that we come to late: who held the key has let go of it.
+    }
+    const auto keyCode = key ? KeyMap::virtualKeyCode(*key) : std::nullopt;
+    if (keyCode && !keysAreKept()) {
+        const KeyVerdict verdict = m_filter->ask({.keyCode = *keyCode,
+                                                  .flags = m_session->keyboard.flagsOf(event.state),
+                                                  .isDown = true});
+        if (!verdict.isUntouched) {
+            deliver(*key, verdict, held);
+            return;
+        }
+    }
+    // It came to us because the grab of an earlier key was still active, or because a switch or the
+    // window in front has changed since. It is not ours.
+    xcb_ungrab_keyboard(m_connection->get(), XCB_CURRENT_TIME);
+    m_session->sender.replay(event.detail, key && held.shown[*key]);
+}
+
+X11HeldKeys X11Tap::heldKeys() const {
+    return m_session->devices.answer(m_session->devices.ask(), m_session->keyboard.positions());
+}
+
+// Between our question which keys are held and what we make of the answer, people and programs let
+// go of keys. So what a chord needs is not left to the fingers: another key of the modifier is
+// pressed, or, where all are held or the modifier changes from one chord to the next, the key that
+// seems to be down already, which the server ignores if it is. And the question is asked a second
+// time along with the chord, as of its very moment: only what was held then stays down.
+void X11Tap::deliver(EvdevCode key, const KeyVerdict& verdict, const X11HeldKeys& held) {
+    const X11KeyPositions& positions = m_session->keyboard.positions();
+    const VerdictChords chords(verdict);
+    KeySet physical = held.physical;
+    KeySet shown = held.shown;
+    physical.reset(key);
+    shown.reset(key);
+    const ModifierTable modifiers =
+        m_session->keyboard.modifiers().withSpareKeysFor(chords.flagsOfAll(), physical | shown);
+    shown &= ~modifiers.keysFor(chords.flagsOfAll() | chords.flagsOfSome());
+
+    KeyDelivery delivery(modifiers, KeyDelivery::Rewritten::Tapped);
+    delivery.assume(physical, shown);
+    m_steps.clear();
+    delivery.handle(
+        key, KeyAction::Press, chords.replacement(), KeyDelivery::Sender::Idle, m_steps);
+
+    const auto repeating = m_session->sender.repeatingKeycodes(m_steps, positions);
+    const X11Devices::Question question = sendAndAsk(repeating);
+    const X11HeldKeys then = m_session->devices.answer(question, positions);
+
+    const KeySet leftDown = pressedAndNotReleased(m_steps);
+    m_session->sender.release(leftDown & ~then.physical, positions);
+    KeySet fired;
+    fired[key] = then.physical[key];
+    watch(leftDown & then.real, fired);
+}
+
+// Keys that other programs make up cannot change between the question and the keys that go out. The
+// grab may be active again, since the server goes on repeating the key.
+X11Devices::Question X11Tap::sendAndAsk(const std::vector<xcb_keycode_t>& repeating) const {
+    const X11ServerGrab grab(*m_connection);
+    X11Devices::Question question = m_session->devices.ask();
+    xcb_ungrab_keyboard(m_connection->get(), XCB_CURRENT_TIME);
+    m_session->sender.send(m_steps, m_session->keyboard.positions(), repeating);
+    return question;
+}
+
+// A key that we have pressed is down on two keyboards: its own, and that of XTEST, where nobody but
+// us will let go of it. A key that has fired is repeated by the server until it goes up.
+void X11Tap::watch(const KeySet& pressed, const KeySet& fired) {
+    if (pressed.none() && (fired & ~m_fired).none()) {
+        return;
+    }
+    if (!isWatching()) {
+        m_session->devices.watchReleases(true);
+    }
+    m_pressed |= pressed;
+    m_fired |= fired;
+    // They may have been let go before we watched.
+    const X11HeldKeys held = heldKeys();
+    forget(m_pressed & ~held.real, m_fired & ~held.physical);
+}
+
+void X11Tap::released(const X11KeyRelease& release) {
+    if (const auto key = m_session->keyboard.positions().evdevCode(release.keycode)) {
+        KeySet keys;
+        keys.set(*key);
+        const bool isReal = release.source == X11KeyRelease::Source::RealKeyboard;
+        forget(isReal ? m_pressed & keys : KeySet(), m_fired & keys);
+    }
+}
+
+void X11Tap::forget(const KeySet& pressed, const KeySet& fired) {
+    m_session->sender.release(pressed, m_session->keyboard.positions());
+    const bool wasWatching = isWatching();
+    m_pressed &= ~pressed;
+    m_fired &= ~fired;
+    if (wasWatching && !isWatching()) {
+        m_session->devices.watchReleases(false);
+    }
+}
+
+} // namespace pallistrom

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/linux/TapWay.h"
+#include "platform/linux/applications/KeyOwners.h"
+#include "platform/linux/keys/OutputKeys.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Devices.h"
+#include "platform/linux/x11/X11FrontWindow.h"
+#include "platform/linux/x11/X11Keyboard.h"
+#include "platform/linux/x11/X11Sender.h"
+
+#include <memory>
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace pallistrom {
+
+/// The way to the keys of an X11 session: key grabs, and XTEST for what goes out. Needs nothing
+/// installed and no permission.
+///
+/// Only combinations that the filter would touch now are grabbed, and none while an application is
+/// in front that keeps its own keys: every other key goes its way without us, and a grabbed press
+/// is always ours. Grabs are asynchronous, so nobody's keyboard waits for us, whatever becomes of
+/// us.
+class X11Tap final : public TapWay {
+public:
+    X11Tap() = default;
+    X11Tap(const X11Tap&) = delete;
+    X11Tap& operator=(const X11Tap&) = delete;
+    ~X11Tap() override = default;
+
+    std::optional<Obstacle> obstacle() override;
+    bool start(KeyFilter& filter) override;
+    void stop() override;
+    [[nodiscard]] bool isRunning() const override;
+    [[nodiscard]] int descriptor() const override;
+    void serve() override;
+    void filterChanged() override;
+
+private:
+    /// What the tap knows of the server, and does to it, as long as it runs.
+    struct Session {
+        explicit Session(const X11Connection& connection)
+            : keyboard(connection),
+              devices(connection),
+              frontWindow(connection),
+              sender(connection) {}
+
+        X11Keyboard keyboard;
+        X11Devices devices;
+        X11FrontWindow frontWindow;
+        X11Sender sender;
+    };
+
+    /// What has to be read again.
+    struct Changes {
+        bool keyboard = false;
+        bool devices = false;
+        bool frontWindow = false;
+    };
+
+    [[nodiscard]] std::optional<Obstacle> findObstacle() const;
+    [[nodiscard]] bool keysAreKept();
+    void grabKeys();
+    void grabKey(const TappedKey& key);
+    void handle(const xcb_generic_event_t& event, Changes& changes);
+    [[nodiscard]] bool follow(const Changes& changes);
+    void pressed(const xcb_key_press_event_t& event);
+    void released(const X11KeyRelease& release);
+    void deliver(EvdevCode key, const KeyVerdict& verdict, const X11HeldKeys& held);
+    [[nodiscard]] X11Devices::Question
+    sendAndAsk(const std::vector<xcb_keycode_t>& repeating) const;
+    void watch(const KeySet& pressed, const KeySet& fired);
+    void forget(const KeySet& pressed, const KeySet& fired);
+
+    [[nodiscard]] bool isWatching() const { return (m_pressed | m_fired).any(); }
+
+    [[nodiscard]] X11HeldKeys heldKeys() const;
+
+    std::unique_ptr<X11Connection> m_connection;
+    std::optional<Obstacle> m_obstacle; ///< what keeps this server's keys from being filtered
+    std::unique_ptr<Session> m_session;
+    KeyFilter* m_filter = nullptr; ///< while running
+    KeyOwners m_keyOwners{DesktopEntries::ofSession()};
+    std::set<std::int64_t> m_refusedKeys; ///< those whose refusal has been logged
+    /// Modifiers that a chord has pressed while they were held, and still are, on their real
+    /// keyboards.
+    KeySet m_pressed;
+    /// Keys that have fired, and have not gone up since: another press of them is a repeat.
+    KeySet m_fired;
+    std::vector<OutputStep> m_steps; ///< kept for its memory
+};
+
+} // namespace pallistrom

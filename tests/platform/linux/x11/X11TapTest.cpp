@@ -1,0 +1,229 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/x11/X11Tap.h"
+
+#include "ChildProcess.h"
+#include "Environment.h"
+#include "Home.h"
+#include "KeyGrab.h"
+#include "RecordedLog.h"
+#include "Tools.h"
+#include "XConnection.h"
+#include "XServer.h"
+#include "platform/EventTap.h"
+#include "platform/linux/KeyFilter.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pallistrom {
+
+namespace {
+
+using e2e::KeyCombination;
+
+constexpr KeyCombination controlW{.keysym = 'w', .modifiers = XCB_MOD_MASK_CONTROL};
+constexpr KeyCombination controlU{.keysym = 'u', .modifiers = XCB_MOD_MASK_CONTROL};
+constexpr CGEventFlags optionOrCommand = kCGEventFlagMaskAlternate | kCGEventFlagMaskCommand;
+
+bool switchedOn = true;
+
+CGEventRef
+rewriteAll(CGEventTapProxy /*proxy*/, CGEventType /*type*/, CGEventRef event, void* /*userInfo*/) {
+    if (switchedOn) {
+        CGEventSetIntegerValueField(event, kCGKeyboardEventKeycode, 51);
+    }
+    return event;
+}
+
+Command server(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"Xvfb", "-screen", "0", "300x200x24"});
+    return {.arguments = std::move(arguments),
+            .environment = {{"PATH", Environment::value("PATH")}}};
+}
+
+class X11TapTest : public testing::Test {
+protected:
+    void SetUp() override {
+        if (const std::string missing = e2e::missingPrograms({"Xvfb", "setxkbmap"});
+            !missing.empty()) {
+            GTEST_SKIP() << missing;
+        }
+        switchedOn = true;
+        Environment::unset("WAYLAND_DISPLAY");
+        static_cast<void>(RecordedLog::take());
+    }
+
+    void startServer(std::vector<std::string> arguments = {}) {
+        m_server.emplace(server(std::move(arguments)));
+        Environment::set("DISPLAY", m_server->name());
+    }
+
+    void stopServer() { m_server.reset(); }
+
+    // A connection of somebody else.
+    [[nodiscard]] e2e::XConnection connect() const { return e2e::XConnection(m_server->name()); }
+
+    void setLayout(const std::string& layout) const {
+        run({.arguments = {"setxkbmap", layout},
+             .environment = e2e::Home().environment(m_server->name())});
+    }
+
+    // Serves the tap, as the run loop does, until `condition` holds.
+    template<typename Condition>
+    [[nodiscard]] bool serveUntil(Condition condition) {
+        return waitUntil([&] {
+            tap.serve();
+            return condition();
+        });
+    }
+
+    const std::vector<TappedKey> keys{
+        {.keyCode = 13, .required = kCGEventFlagMaskControl, .forbidden = optionOrCommand},
+        {.keyCode = 32, .required = kCGEventFlagMaskControl, .forbidden = optionOrCommand}};
+    KeyFilter filter{rewriteAll, nullptr, keys};
+    X11Tap tap;
+
+private:
+    std::optional<e2e::XServer> m_server;
+};
+
+TEST_F(X11TapTest, runsOnARealServer) {
+    startServer();
+    EXPECT_TRUE(tap.canRun());
+    EXPECT_FALSE(tap.isRunning());
+    EXPECT_TRUE(tap.start(filter));
+    EXPECT_TRUE(tap.isRunning());
+    EXPECT_TRUE(isGrabbed(connect(), controlW));
+    tap.stop();
+    EXPECT_FALSE(tap.isRunning());
+    EXPECT_FALSE(isGrabbed(connect(), controlW));
+    EXPECT_TRUE(RecordedLog::take().empty());
+}
+
+TEST_F(X11TapTest, cannotRunWithoutADisplay) {
+    Environment::unset("DISPLAY");
+    EXPECT_EQ(tap.obstacle(), Obstacle::NoDisplay);
+    Environment::set("DISPLAY", ":65000");
+    EXPECT_FALSE(tap.canRun());
+    Environment::set("DISPLAY", "no display at all");
+    EXPECT_FALSE(tap.canRun());
+    EXPECT_FALSE(tap.start(filter));
+    EXPECT_TRUE(RecordedLog::take().empty());
+}
+
+TEST_F(X11TapTest, cannotRunWithoutXTest) {
+    startServer({"-extension", "XTEST"});
+    EXPECT_EQ(tap.obstacle(), Obstacle::NoXTest);
+    EXPECT_FALSE(tap.start(filter));
+    EXPECT_TRUE(RecordedLog::take().empty());
+}
+
+TEST_F(X11TapTest, doesNotEvenConnectInAWaylandSession) {
+    startServer();
+    Environment::set("WAYLAND_DISPLAY", "wayland-0");
+    EXPECT_EQ(tap.obstacle(), Obstacle::WaylandSession);
+    Environment::unset("WAYLAND_DISPLAY");
+    EXPECT_EQ(tap.obstacle(), std::nullopt);
+}
+
+TEST_F(X11TapTest, noticesThatTheServerGoesAwayAndFindsTheNextOne) {
+    startServer();
+    ASSERT_TRUE(tap.start(filter));
+    stopServer();
+    EXPECT_TRUE(serveUntil([this] { return !tap.isRunning(); }));
+    EXPECT_FALSE(tap.canRun());
+
+    startServer();
+    EXPECT_TRUE(tap.canRun());
+    EXPECT_TRUE(tap.start(filter));
+    EXPECT_TRUE(isGrabbed(connect(), controlW));
+}
+
+TEST_F(X11TapTest, grabsOnlyWhatTheFilterWouldTouch) {
+    startServer();
+    switchedOn = false;
+    ASSERT_TRUE(tap.start(filter));
+    EXPECT_FALSE(isGrabbed(connect(), controlW));
+    switchedOn = true;
+    tap.filterChanged();
+    EXPECT_TRUE(isGrabbed(connect(), controlW));
+    switchedOn = false;
+    tap.filterChanged();
+    EXPECT_FALSE(isGrabbed(connect(), controlW));
+}
+
+TEST_F(X11TapTest, grabsWithEveryModifierThatDoesNotMatterAndNoneThatForbids) {
+    startServer();
+    ASSERT_TRUE(tap.start(filter));
+    const e2e::XConnection other = connect();
+    for (unsigned state = 0; state < 256; ++state) {
+        // Of the usual map: Mod1 is Alt, Mod4 is Super.
+        const bool isOurs =
+            (state & XCB_MOD_MASK_CONTROL) != 0 && (state & (XCB_MOD_MASK_1 | XCB_MOD_MASK_4)) == 0;
+        const KeyCombination combination{'w', static_cast<std::uint16_t>(state)};
+        EXPECT_EQ(isGrabbed(other, combination), isOurs) << state;
+    }
+}
+
+TEST_F(X11TapTest, leavesAShortcutToTheProgramThatOwnsItAndSaysSoOnce) {
+    startServer();
+    const e2e::XConnection other = connect();
+    // One of the many combinations is enough.
+    const auto taken = xcb_grab_key_checked(other,
+                                            0,
+                                            other.rootWindow(),
+                                            XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_SHIFT,
+                                            other.keycodeOf('w'),
+                                            XCB_GRAB_MODE_ASYNC,
+                                            XCB_GRAB_MODE_ASYNC);
+    ASSERT_EQ(xcb_request_check(other, taken), nullptr);
+
+    EXPECT_TRUE(tap.start(filter));
+    EXPECT_FALSE(isGrabbed(other, controlW));
+    EXPECT_TRUE(isGrabbed(other, controlU)) << "only the one is without";
+    EXPECT_EQ(RecordedLog::take().size(), 1U);
+    tap.filterChanged();
+    EXPECT_TRUE(RecordedLog::take().empty());
+
+    xcb_ungrab_key(other, XCB_GRAB_ANY, other.rootWindow(), XCB_MOD_MASK_ANY);
+    static_cast<void>(other.keycodeOf('w')); // An answer says that all before it has been done.
+    tap.filterChanged();
+    EXPECT_TRUE(isGrabbed(other, controlW));
+}
+
+TEST_F(X11TapTest, staysOnThePhysicalKeyWhateverTheLayout) {
+    startServer();
+    ASSERT_TRUE(tap.start(filter));
+    for (const std::string layout : {"fr", "us(dvorak)", "us"}) {
+        setLayout(layout);
+        EXPECT_TRUE(serveUntil([this] {
+            const e2e::XConnection other = connect();
+            const auto attempt = xcb_grab_key_checked(other,
+                                                      0,
+                                                      other.rootWindow(),
+                                                      XCB_MOD_MASK_CONTROL,
+                                                      25, // The key beside Q on a US keyboard.
+                                                      XCB_GRAB_MODE_ASYNC,
+                                                      XCB_GRAB_MODE_ASYNC);
+            const e2e::XReply<xcb_generic_error_t> error(xcb_request_check(other, attempt));
+            return error != nullptr;
+        })) << layout;
+    }
+}
+
+TEST_F(X11TapTest, runsOnAServerWithoutXkb) {
+    startServer({"-extension", "XKEYBOARD"});
+    if (!tap.canRun()) {
+        GTEST_SKIP() << "this server cannot do without";
+    }
+    EXPECT_TRUE(tap.start(filter));
+    EXPECT_TRUE(isGrabbed(connect(), controlW));
+}
+
+} // namespace
+
+} // namespace pallistrom
