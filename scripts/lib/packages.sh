@@ -11,7 +11,7 @@ packages_to() {
     build) # and start the program
         echo cmake g++ ninja-build pkg-config
         echo libgtest-dev qt6-base-dev qt6-svg-dev
-        echo libxcb1-dev libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev
+        echo libxcb1-dev libxcb-sync-dev libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev
         echo xdotool
         ;;
     show) # what it does, without a screen

@@ -14,7 +14,7 @@ class Deadline {
 public:
     using Clock = std::chrono::steady_clock;
 
-    explicit Deadline(std::chrono::milliseconds wait = std::chrono::seconds{5})
+    explicit Deadline(std::chrono::milliseconds wait = std::chrono::seconds{20})
         : m_end{Clock::now() + wait} {}
 
     bool hasPassed() const { return Clock::now() >= m_end; }

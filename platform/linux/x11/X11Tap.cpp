@@ -187,7 +187,9 @@ void X11Tap::pressed(const xcb_key_press_event_t& event) {
                                                   .flags = m_session->keyboard.flagsOf(event.state),
                                                   .isDown = true});
         if (!verdict.isUntouched) {
-            deliver(*key, verdict, held);
+            if (m_session->clock.since(event.time) <= m_patience) {
+                deliver(*key, verdict, held);
+            }
             return;
         }
     }

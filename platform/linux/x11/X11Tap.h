@@ -5,12 +5,14 @@
 #include "platform/linux/TapWay.h"
 #include "platform/linux/applications/KeyOwners.h"
 #include "platform/linux/keys/OutputKeys.h"
+#include "platform/linux/x11/X11Clock.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11Devices.h"
 #include "platform/linux/x11/X11FrontWindow.h"
 #include "platform/linux/x11/X11Keyboard.h"
 #include "platform/linux/x11/X11Sender.h"
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <set>
@@ -24,10 +26,15 @@ namespace pallistrom {
 /// Only combinations that the filter would touch now are grabbed, and none while an application is
 /// in front that keeps its own keys: every other key goes its way without us, and a grabbed press
 /// is always ours. Grabs are asynchronous, so nobody's keyboard waits for us, whatever becomes of
-/// us.
+/// us. A press that we come to late, because this program was held up, does nothing: what was typed
+/// after it has long been taken.
 class X11Tap final : public TapWay {
 public:
-    X11Tap() = default;
+    static constexpr std::chrono::milliseconds usualPatience{1000};
+
+    /// A press that is older than `patience` comes too late.
+    explicit X11Tap(std::chrono::milliseconds patience = usualPatience) : m_patience(patience) {}
+
     X11Tap(const X11Tap&) = delete;
     X11Tap& operator=(const X11Tap&) = delete;
     ~X11Tap() override = default;
@@ -47,11 +54,13 @@ private:
             : keyboard(connection),
               devices(connection),
               frontWindow(connection),
+              clock(connection),
               sender(connection) {}
 
         X11Keyboard keyboard;
         X11Devices devices;
         X11FrontWindow frontWindow;
+        X11Clock clock;
         X11Sender sender;
     };
 
@@ -80,6 +89,7 @@ private:
 
     [[nodiscard]] X11HeldKeys heldKeys() const;
 
+    std::chrono::milliseconds m_patience;
     std::unique_ptr<X11Connection> m_connection;
     std::optional<Obstacle> m_obstacle; ///< what keeps this server's keys from being filtered
     std::unique_ptr<Session> m_session;
