@@ -22,8 +22,7 @@ constexpr Area menuArea{.x = 4, .y = 30, .width = 150, .height = 100};
 } // namespace
 
 bool PanelIcon::isShown() const {
-    return waitUntil([&] { return m_screen.brightPixels(iconArea) > 20; },
-                     Deadline{std::chrono::seconds{15}});
+    return waitUntil([&] { return m_screen.brightPixels(iconArea) > 20; });
 }
 
 bool PanelIcon::isGone() const {

@@ -24,8 +24,7 @@ constexpr Area iconArea{.x = 0, .y = 0, .width = 40, .height = Panel::height};
 constexpr Area menuArea{.x = 4, .y = 30, .width = 150, .height = 100};
 
 void waitForSomethingBright(const Screen& screen, Area area) {
-    if (!pallistrom::waitUntil([&] { return screen.brightPixels(area) > 20; },
-                               pallistrom::Deadline{std::chrono::seconds{15}})) {
+    if (!pallistrom::waitUntil([&] { return screen.brightPixels(area) > 20; })) {
         throw std::runtime_error{"the panel does not show it"};
     }
 }
