@@ -33,7 +33,8 @@ UserDefaults& UserDefaults::standardUserDefaults() {
     return defaults;
 }
 
-FileUserDefaults::FileUserDefaults(const QString& folder) : m_file(folder) {
+FileUserDefaults::FileUserDefaults(const QString& folder, const QString& fileName)
+    : m_file(folder, fileName) {
     // Made now, because only a folder that is there can be watched.
     QDir().mkpath(folder);
     const auto fileChanged = [this] {

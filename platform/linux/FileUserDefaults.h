@@ -22,11 +22,15 @@ namespace pallistrom {
 class FileUserDefaults final : public UserDefaults {
 public:
     /// Makes `folder` if it is missing.
-    explicit FileUserDefaults(const QString& folder);
+    explicit FileUserDefaults(const QString& folder,
+                              const QString& fileName = QStringLiteral("settings.ini"));
 
     [[nodiscard]] bool boolForKey(std::string_view key) const override;
     void setBoolForKey(bool value, std::string_view key) override;
     void registerDefaults(const Registration& defaults) override;
+
+    /// Returns all values that are stored.
+    [[nodiscard]] const SettingsText::Values& stored() const { return m_stored; }
 
 private:
     void load();

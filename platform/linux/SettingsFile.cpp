@@ -46,8 +46,8 @@ struct SettingsFile::Contents {
     bool isReadable = true;
 };
 
-SettingsFile::SettingsFile(const QString& folder)
-    : m_folder(folder), m_path(folder + QStringLiteral("/settings.ini")) {}
+SettingsFile::SettingsFile(const QString& folder, const QString& name)
+    : m_folder(folder), m_path(folder + QLatin1Char('/') + name) {}
 
 SettingsText::Settings SettingsFile::read() const {
     return contents().settings;

@@ -10,14 +10,15 @@
 
 namespace pallistrom {
 
-/// The settings file on the disk: "settings.ini" in a folder. Holds nothing in memory.
+/// A settings file on the disk. Holds nothing in memory.
 ///
 /// A write replaces the file atomically and keeps the lines that it does not change. A file that is
 /// damaged or cannot be read is first kept under another name, which is logged.
 class SettingsFile {
 public:
     /// `folder` is made by the first write if it is missing.
-    explicit SettingsFile(const QString& folder);
+    explicit SettingsFile(const QString& folder,
+                          const QString& name = QStringLiteral("settings.ini"));
 
     [[nodiscard]] const QString& folder() const { return m_folder; }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/TapWays.h"
 
+#include "platform/linux/applications/ApplicationKinds.h"
 #include "platform/linux/x11/X11Tap.h"
 
 #include <array>
@@ -9,7 +10,9 @@
 namespace pallistrom {
 
 std::span<TapWay* const> tapWays() {
-    static X11Tap x11Tap;
+    static X11Tap x11Tap([](const WindowClass& window) {
+        return ApplicationKinds::ofSession().kindOfFront(window);
+    });
     static const std::array<TapWay*, 1> ways{&x11Tap};
     return ways;
 }

@@ -4,14 +4,14 @@
 
 namespace pallistrom {
 
-VerdictChords::VerdictChords(const KeyVerdict& verdict)
+VerdictChords::VerdictChords(const KeyVerdict& verdict, EditingStyle style)
     : m_isUntouched(verdict.isUntouched),
       m_isTheKeyItself(verdict.posted.empty() && verdict.event.has_value()) {
     if (m_isUntouched) {
         return;
     }
-    const auto add = [this](const CGEvent& stroke) {
-        const EditingKeys keys = EditingKeys::forStroke(stroke.keyCode, stroke.flags);
+    const auto add = [this, style](const CGEvent& stroke) {
+        const EditingKeys keys = EditingKeys::forStroke(stroke.keyCode, stroke.flags, style);
         m_chords.insert(m_chords.end(), keys.chords().begin(), keys.chords().end());
     };
     for (const CGEvent& posted : verdict.posted) {

@@ -13,7 +13,7 @@ namespace pallistrom {
 /// A verdict on a key event, in the keystrokes of a Linux desktop.
 class VerdictChords {
 public:
-    explicit VerdictChords(const KeyVerdict& verdict);
+    explicit VerdictChords(const KeyVerdict& verdict, EditingStyle style = EditingStyle::ByWord);
 
     /// Returns what goes out in place of the event; nothing if the event goes out itself. Valid as
     /// long as this object.

@@ -118,7 +118,7 @@ TEST_P(RushedRepeats, takeOneWordEachAndDoNotEnd) {
 }
 
 TEST_P(RushedRepeats, endWhenTheirKeyIsReleasedEvenIfTheProgramComesLate) {
-    begin("5");
+    begin("20");
     if (IsSkipped()) {
         return;
     }

@@ -7,6 +7,7 @@
 #include "Screenshot.h"
 #include "SessionBus.h"
 #include "Tools.h"
+#include "TrayMenu.h"
 #include "TrayProgram.h"
 #include "VirtualDisplay.h"
 
@@ -139,6 +140,9 @@ TEST_F(Tray, leavesAnOpenMenuAsItIs) {
     startProgram();
     ASSERT_TRUE(iconIsShown());
     openMenu();
+    // A panel shows a menu before the program has heard of it. By the time that it answers us it
+    // has.
+    EXPECT_FALSE(TrayMenu{*bus}.items().empty());
     program->flip("warning");
     program->refresh(10);
     keys->press("Down");

@@ -41,11 +41,18 @@ DesktopEntries DesktopEntries::ofSession() {
 }
 
 bool DesktopEntries::isTerminal(std::string_view windowClass) const {
-    auto entry = entryNamed(windowClass);
-    if (!entry) {
-        entry = entryWithWindowClass(windowClass);
-    }
+    const auto entry = entryOf(windowClass);
     return entry && entry->isTerminal;
+}
+
+std::string DesktopEntries::nameOf(std::string_view windowClass) const {
+    const auto entry = entryOf(windowClass);
+    return entry ? entry->name : std::string();
+}
+
+std::optional<DesktopEntryText> DesktopEntries::entryOf(std::string_view windowClass) const {
+    auto entry = entryNamed(windowClass);
+    return entry ? entry : entryWithWindowClass(windowClass);
 }
 
 std::optional<DesktopEntryText> DesktopEntries::entryNamed(std::string_view name) const {

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -26,7 +27,12 @@ public:
     /// TerminalEmulator. Reads files.
     [[nodiscard]] bool isTerminal(std::string_view windowClass) const;
 
+    /// Returns the name under which people know the application whose windows have the class
+    /// `windowClass`, in the language of the entry itself; empty if it has no entry. Reads files.
+    [[nodiscard]] std::string nameOf(std::string_view windowClass) const;
+
 private:
+    [[nodiscard]] std::optional<DesktopEntryText> entryOf(std::string_view windowClass) const;
     [[nodiscard]] std::optional<DesktopEntryText> entryNamed(std::string_view name) const;
     [[nodiscard]] std::optional<DesktopEntryText>
     entryWithWindowClass(std::string_view windowClass) const;

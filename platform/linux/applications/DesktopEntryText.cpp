@@ -21,7 +21,9 @@ DesktopEntryText DesktopEntryText::parse(std::string_view text) {
     DesktopEntryText entry;
     DesktopEntryLines::forEachValue(
         text, DesktopEntryLines::mainGroup, [&](std::string_view key, std::string_view value) {
-            if (key == "StartupWMClass") {
+            if (key == "Name") {
+                entry.name = DesktopEntryLines::unescaped(value);
+            } else if (key == "StartupWMClass") {
                 entry.startupWmClass = value;
             } else if (key == "Categories") {
                 entry.isTerminal = hasTerminalCategory(value);

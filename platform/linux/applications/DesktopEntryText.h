@@ -9,6 +9,7 @@ namespace pallistrom {
 
 /// What the program asks of a desktop entry. Nothing here reads a file.
 struct DesktopEntryText {
+    std::string name;           ///< as people know it; empty if it does not say
     std::string startupWmClass; ///< the class of its windows; empty if it does not say
     bool isTerminal = false;    ///< whether it has the category TerminalEmulator
 

@@ -7,6 +7,7 @@
 #include <linux/input-event-codes.h>
 
 #include <algorithm>
+#include <span>
 
 namespace pallistrom {
 
@@ -46,23 +47,41 @@ constexpr auto rules = std::to_array<Rule>({
     {KEY_DOWN, option, WithShift::Kept, {KEY_DOWN, control}, {}},
 });
 
+// What counts before them where nothing but a selection can be deleted.
+constexpr auto rulesBySelection = std::to_array<Rule>({
+    {KEY_BACKSPACE, option, WithShift::Dropped, {KEY_LEFT, control | shift}, {KEY_BACKSPACE, 0}},
+    {KEY_DELETE, option, WithShift::Dropped, {KEY_RIGHT, control | shift}, {KEY_DELETE, 0}},
+});
+
+const Rule* find(std::span<const Rule> among, EvdevCode key, CGEventFlags flagsWithoutShift) {
+    const auto rule = std::find_if(among.begin(), among.end(), [&](const Rule& candidate) {
+        return candidate.key == key && candidate.flags == flagsWithoutShift;
+    });
+    return rule == among.end() ? nullptr : &*rule;
+}
+
+const Rule* find(EditingStyle style, EvdevCode key, CGEventFlags flagsWithoutShift) {
+    const Rule* const special = style == EditingStyle::BySelection
+                                    ? find(rulesBySelection, key, flagsWithoutShift)
+                                    : nullptr;
+    return special != nullptr ? special : find(rules, key, flagsWithoutShift);
+}
+
 } // namespace
 
 void EditingKeys::add(LinuxChord chord) {
     m_chords.at(m_count++) = chord;
 }
 
-EditingKeys EditingKeys::forStroke(std::int64_t keyCode, CGEventFlags flags) {
+EditingKeys EditingKeys::forStroke(std::int64_t keyCode, CGEventFlags flags, EditingStyle style) {
     EditingKeys result;
     const auto key = KeyMap::evdevCode(keyCode);
     if (!key) {
         return result;
     }
     const CGEventFlags modifiers = flags & (shift | control | option | command);
-    const auto* const rule = std::find_if(rules.begin(), rules.end(), [&](const Rule& candidate) {
-        return candidate.key == *key && candidate.flags == (modifiers & ~shift);
-    });
-    if (rule == rules.end()) {
+    const Rule* const rule = find(style, *key, modifiers & ~shift);
+    if (rule == nullptr) {
         result.add({*key, modifiers});
         return result;
     }

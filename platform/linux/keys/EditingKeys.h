@@ -19,13 +19,20 @@ struct LinuxChord {
     friend bool operator==(const LinuxChord&, const LinuxChord&) = default;
 };
 
+/// Which keys the application in front has for deleting words.
+enum class EditingStyle : std::uint8_t {
+    ByWord,      ///< as most have: a key that deletes a word
+    BySelection, ///< only keys that select a word, which can then be deleted
+};
+
 /// The keystrokes that do on a Linux desktop what one keystroke does on the other system.
 class EditingKeys {
 public:
     /// Returns the desktop's own editing keys for the virtual key `keyCode` with `flags`. A
     /// keystroke that is no editing key is that key with those modifiers; a key that Linux does not
     /// have is nothing.
-    static EditingKeys forStroke(std::int64_t keyCode, CGEventFlags flags);
+    static EditingKeys
+    forStroke(std::int64_t keyCode, CGEventFlags flags, EditingStyle style = EditingStyle::ByWord);
 
     [[nodiscard]] std::span<const LinuxChord> chords() const { return {m_chords.data(), m_count}; }
 

@@ -3,7 +3,6 @@
 #include "platform/linux/x11/X11Tap.h"
 
 #include "platform/Log.h"
-#include "platform/linux/VerdictChords.h"
 #include "platform/linux/keys/KeyDelivery.h"
 #include "platform/linux/keys/KeyMap.h"
 #include "platform/linux/x11/X11KeyGrabs.h"
@@ -23,6 +22,11 @@ KeySet pressedAndNotReleased(const std::vector<OutputStep>& steps) {
         }
     }
     return keys;
+}
+
+EditingStyle styleOf(FrontApplication application) {
+    return application == FrontApplication::EditsBySelection ? EditingStyle::BySelection
+                                                             : EditingStyle::ByWord;
 }
 
 } // namespace
@@ -99,13 +103,13 @@ void X11Tap::filterChanged() {
     serve();
 }
 
-bool X11Tap::keysAreKept() {
-    return m_keyOwners.includes(m_session->frontWindow.windowClass());
+FrontApplication X11Tap::inFront() const {
+    return m_kindOf(m_session->frontWindow.windowClass());
 }
 
 void X11Tap::grabKeys() {
     X11KeyGrabs(*m_connection).clear();
-    if (keysAreKept()) {
+    if (inFront() == FrontApplication::KeepsItsKeys) {
         return;
     }
     for (const TappedKey& key : m_filter->tappedKeys()) {
@@ -149,7 +153,7 @@ void X11Tap::handle(const xcb_generic_event_t& event, Changes& changes) {
 }
 
 bool X11Tap::follow(const Changes& changes) {
-    const bool keysWereKept = keysAreKept();
+    const FrontApplication wasInFront = inFront();
     bool changesGrabs = false;
     if (changes.devices) {
         m_session->devices.refresh();
@@ -161,7 +165,7 @@ bool X11Tap::follow(const Changes& changes) {
     }
     if (changes.frontWindow) {
         m_session->frontWindow.refresh();
-        changesGrabs = changesGrabs || keysAreKept() != keysWereKept;
+        changesGrabs = changesGrabs || inFront() != wasInFront;
     }
     if (changesGrabs) {
         grabKeys();
@@ -174,29 +178,39 @@ void X11Tap::pressed(const xcb_key_press_event_t& event) {
     xcb_ungrab_keyboard(m_connection->get(), XCB_CURRENT_TIME);
 
     const X11KeyPositions& positions = m_session->keyboard.positions();
+    const auto key = positions.evdevCode(event.detail);
+    const auto chords = key ? chordsFor(*key, event) : std::nullopt;
+    if (chords && m_session->clock.since(event.time) > m_patience) {
+        return;
+    }
     const X11HeldKeys held = heldKeys();
     m_session->sender.release(held.forgotten, positions);
-
-    const auto key = positions.evdevCode(event.detail);
     if (key && m_fired[*key] && !held.physical[*key]) {
         return; // A repeat that we come to late: who held the key has let go of it.
     }
-    const auto keyCode = key ? KeyMap::virtualKeyCode(*key) : std::nullopt;
-    if (keyCode && !keysAreKept()) {
-        const KeyVerdict verdict = m_filter->ask({.keyCode = *keyCode,
-                                                  .flags = m_session->keyboard.flagsOf(event.state),
-                                                  .isDown = true});
-        if (!verdict.isUntouched) {
-            if (m_session->clock.since(event.time) <= m_patience) {
-                deliver(*key, verdict, held);
-            }
-            return;
-        }
+    if (chords) {
+        deliver(*key, *chords, held);
+        return;
     }
     // It came to us because the grab of an earlier key was still active, or because a switch or the
     // window in front has changed since. It is not ours.
     xcb_ungrab_keyboard(m_connection->get(), XCB_CURRENT_TIME);
     m_session->sender.replay(event.detail, key && held.shown[*key]);
+}
+
+std::optional<VerdictChords> X11Tap::chordsFor(EvdevCode key,
+                                               const xcb_key_press_event_t& event) const {
+    const auto keyCode = KeyMap::virtualKeyCode(key);
+    const FrontApplication front = inFront();
+    if (!keyCode || front == FrontApplication::KeepsItsKeys) {
+        return std::nullopt;
+    }
+    const KeyVerdict verdict = m_filter->ask(
+        {.keyCode = *keyCode, .flags = m_session->keyboard.flagsOf(event.state), .isDown = true});
+    if (verdict.isUntouched) {
+        return std::nullopt;
+    }
+    return VerdictChords(verdict, styleOf(front));
 }
 
 X11HeldKeys X11Tap::heldKeys() const {
@@ -208,9 +222,8 @@ X11HeldKeys X11Tap::heldKeys() const {
 // pressed, or, where all are held or the modifier changes from one chord to the next, the key that
 // seems to be down already, which the server ignores if it is. And the question is asked a second
 // time along with the chord, as of its very moment: only what was held then stays down.
-void X11Tap::deliver(EvdevCode key, const KeyVerdict& verdict, const X11HeldKeys& held) {
+void X11Tap::deliver(EvdevCode key, const VerdictChords& chords, const X11HeldKeys& held) {
     const X11KeyPositions& positions = m_session->keyboard.positions();
-    const VerdictChords chords(verdict);
     KeySet physical = held.physical;
     KeySet shown = held.shown;
     physical.reset(key);

@@ -3,7 +3,9 @@
 #pragma once
 
 #include "platform/linux/TapWay.h"
-#include "platform/linux/applications/KeyOwners.h"
+#include "platform/linux/VerdictChords.h"
+#include "platform/linux/applications/WindowClass.h"
+#include "platform/linux/front/FrontApplication.h"
 #include "platform/linux/keys/OutputKeys.h"
 #include "platform/linux/x11/X11Clock.h"
 #include "platform/linux/x11/X11Connection.h"
@@ -13,9 +15,11 @@
 #include "platform/linux/x11/X11Sender.h"
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
+#include <utility>
 #include <vector>
 
 namespace pallistrom {
@@ -32,8 +36,12 @@ class X11Tap final : public TapWay {
 public:
     static constexpr std::chrono::milliseconds usualPatience{1000};
 
+    /// Tells how an application takes editing keys. It may answer otherwise after filterChanged().
+    using KindOfApplication = std::function<FrontApplication(const WindowClass&)>;
+
     /// A press that is older than `patience` comes too late.
-    explicit X11Tap(std::chrono::milliseconds patience = usualPatience) : m_patience(patience) {}
+    explicit X11Tap(KindOfApplication kindOf, std::chrono::milliseconds patience = usualPatience)
+        : m_kindOf(std::move(kindOf)), m_patience(patience) {}
 
     X11Tap(const X11Tap&) = delete;
     X11Tap& operator=(const X11Tap&) = delete;
@@ -72,14 +80,17 @@ private:
     };
 
     [[nodiscard]] std::optional<Obstacle> findObstacle() const;
-    [[nodiscard]] bool keysAreKept();
+    [[nodiscard]] FrontApplication inFront() const;
     void grabKeys();
     void grabKey(const TappedKey& key);
     void handle(const xcb_generic_event_t& event, Changes& changes);
     [[nodiscard]] bool follow(const Changes& changes);
     void pressed(const xcb_key_press_event_t& event);
+    /// What a key press becomes; nothing if it is not ours.
+    [[nodiscard]] std::optional<VerdictChords> chordsFor(EvdevCode key,
+                                                         const xcb_key_press_event_t& event) const;
     void released(const X11KeyRelease& release);
-    void deliver(EvdevCode key, const KeyVerdict& verdict, const X11HeldKeys& held);
+    void deliver(EvdevCode key, const VerdictChords& chords, const X11HeldKeys& held);
     [[nodiscard]] X11Devices::Question
     sendAndAsk(const std::vector<xcb_keycode_t>& repeating) const;
     void watch(const KeySet& pressed, const KeySet& fired);
@@ -89,12 +100,12 @@ private:
 
     [[nodiscard]] X11HeldKeys heldKeys() const;
 
+    KindOfApplication m_kindOf;
     std::chrono::milliseconds m_patience;
     std::unique_ptr<X11Connection> m_connection;
     std::optional<Obstacle> m_obstacle; ///< what keeps this server's keys from being filtered
     std::unique_ptr<Session> m_session;
-    KeyFilter* m_filter = nullptr; ///< while running
-    KeyOwners m_keyOwners{DesktopEntries::ofSession()};
+    KeyFilter* m_filter = nullptr;        ///< while running
     std::set<std::int64_t> m_refusedKeys; ///< those whose refusal has been logged
     /// Modifiers that a chord has pressed while they were held, and still are, on their real
     /// keyboards.

@@ -6,13 +6,13 @@
 # to escape but the backslash.
 
 proc reportText {} {
-    puts "text [.field index insert] [string map {\\ \\\\} [.field get]]"
+    puts "text [.window.field index insert] [string map {\\ \\\\} [.window.field get]]"
 }
 
 proc setState {cursor text} {
-    .field delete 0 end
-    .field insert 0 [string map {\\\\ \\} $text]
-    .field icursor [expr {$cursor < 0 ? "end" : $cursor}]
+    .window.field delete 0 end
+    .window.field insert 0 [string map {\\\\ \\} $text]
+    .window.field icursor [expr {$cursor < 0 ? "end" : $cursor}]
 }
 
 proc obey {line} {
@@ -35,19 +35,23 @@ proc readCommands {} {
 
 proc reportReady {} {
     puts ready
-    bind .field <FocusIn> {}
+    bind .window.field <FocusIn> {}
 }
 
 fconfigure stdout -buffering line
 fconfigure stdin -blocking 0
-wm title . "Text field"
-entry .field -textvariable content -width 40
-pack .field -padx 20 -pady 20
-bind .field <FocusIn> reportReady
+# A script's own window goes by the name of the script. Most programs that are made with Tk leave
+# the class of their windows to it.
+wm withdraw .
+toplevel .window -class Tk
+wm title .window "Text field"
+entry .window.field -textvariable content -width 40
+pack .window.field -padx 20 -pady 20
+bind .window.field <FocusIn> reportReady
 # Later, because the text changes while the cursor is still where it was.
 trace add variable content write {apply {args {
     after cancel reportText
     after idle reportText
 }}}
 fileevent stdin readable readCommands
-focus .field
+focus .window.field

@@ -64,6 +64,28 @@ INSTANTIATE_TEST_SUITE_P(
         EditingCase{"aKeyCodeFarAbove", 65536 + 51, option, {}}),
     [](const auto& test) { return test.param.name; });
 
+class EditingKeyBySelection : public testing::TestWithParam<EditingCase> {};
+
+TEST_P(EditingKeyBySelection, selectsTheWordAndDeletesIt) {
+    const EditingKeys keys =
+        EditingKeys::forStroke(GetParam().keyCode, GetParam().flags, EditingStyle::BySelection);
+    EXPECT_EQ(std::vector<LinuxChord>(keys.chords().begin(), keys.chords().end()),
+              GetParam().chords);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ,
+    EditingKeyBySelection,
+    testing::Values(
+        EditingCase{"optionDelete", 51, option, {{KEY_LEFT, control | shift}, {KEY_BACKSPACE, 0}}},
+        EditingCase{
+            "optionForwardDelete", 117, option, {{KEY_RIGHT, control | shift}, {KEY_DELETE, 0}}},
+        EditingCase{"commandDelete", 51, command, {{KEY_HOME, shift}, {KEY_BACKSPACE, 0}}},
+        EditingCase{"shiftCommandRight", 124, shift | command, {{KEY_END, shift}}},
+        EditingCase{"plainDelete", 51, 0, {{KEY_BACKSPACE, 0}}},
+        EditingCase{"controlDelete", 51, control, {{KEY_BACKSPACE, control}}}),
+    [](const auto& test) { return test.param.name; });
+
 } // namespace
 
 } // namespace pallistrom

@@ -85,7 +85,8 @@ protected:
         {.keyCode = 13, .required = kCGEventFlagMaskControl, .forbidden = optionOrCommand},
         {.keyCode = 32, .required = kCGEventFlagMaskControl, .forbidden = optionOrCommand}};
     KeyFilter filter{rewriteAll, nullptr, keys};
-    X11Tap tap;
+    FrontApplication inFront = FrontApplication::TakesEditingKeys;
+    X11Tap tap{[this](const WindowClass& /*window*/) { return inFront; }};
 
 private:
     std::optional<e2e::XServer> m_server;
@@ -154,6 +155,16 @@ TEST_F(X11TapTest, grabsOnlyWhatTheFilterWouldTouch) {
     switchedOn = false;
     tap.filterChanged();
     EXPECT_FALSE(isGrabbed(connect(), controlW));
+}
+
+TEST_F(X11TapTest, grabsNothingWhileTheApplicationInFrontIsLeftAlone) {
+    startServer();
+    inFront = FrontApplication::KeepsItsKeys;
+    ASSERT_TRUE(tap.start(filter));
+    EXPECT_FALSE(isGrabbed(connect(), controlW));
+    inFront = FrontApplication::EditsBySelection;
+    tap.filterChanged();
+    EXPECT_TRUE(isGrabbed(connect(), controlW));
 }
 
 TEST_F(X11TapTest, grabsWithEveryModifierThatDoesNotMatterAndNoneThatForbids) {
