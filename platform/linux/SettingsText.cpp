@@ -17,7 +17,7 @@ constexpr std::string_view header = "[General]";
 
 bool standsForItself(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '.' ||
-           c == '-' || c == '_';
+           c == '-' || c == '_' || c == '*';
 }
 
 std::string encodedKey(std::string_view key) {

@@ -8,8 +8,8 @@
 
 /// The text of the settings file: a line "[General]", then a line "key=true" or "key=false" for
 /// each setting. Blank lines and lines that begin with '#' or ';' are people's own. Characters of a
-/// key other than ASCII letters, digits, '.', '-' and '_' are written as %XX. Nothing here reads or
-/// writes a file.
+/// key other than ASCII letters, digits, '.', '-', '_' and '*' are written as %XX. Nothing here
+/// reads or writes a file.
 namespace pallistrom::SettingsText {
 
 using Values = std::map<std::string, bool, std::less<>>;

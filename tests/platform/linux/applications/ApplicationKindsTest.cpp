@@ -142,7 +142,9 @@ TEST(ApplicationChoices, areKeptInAFileThatPeopleCanRead) {
     const EventLoop loop;
     const SettingsFolder folder;
     ApplicationChoices(folder.name()).setLeftAlone("org.gnome.TextEditor", true);
-    EXPECT_EQ(folder.text("applications.ini"), "[General]\norg.gnome.texteditor=true\n");
+    ApplicationChoices(folder.name()).setLeftAlone("emacs*", false);
+    EXPECT_EQ(folder.text("applications.ini"),
+              "[General]\norg.gnome.texteditor=true\nemacs*=false\n");
     EXPECT_EQ(ApplicationChoices(folder.name()).isLeftAlone("Org.Gnome.TextEditor"), true);
     EXPECT_EQ(ApplicationChoices(folder.name()).isLeftAlone("other"), std::nullopt);
 }
