@@ -14,7 +14,7 @@ namespace pallistrom {
 /// An application of a built-in list.
 struct ListedApplication {
     std::string pattern; ///< of the class of its windows, in lower case
-    std::string reason;  ///< why it is on the list, for people
+    std::string reason;  ///< why it is on the list; what is of interest to people is before a ';'
     FrontApplication kind = FrontApplication::TakesEditingKeys;
 
     /// Returns whether it is the application of windows with the class `name`.

@@ -11,9 +11,13 @@ namespace pallistrom {
 
 namespace {
 
+std::string reasonOf(const ListedApplication& listed) {
+    return listed.reason.substr(0, listed.reason.find(';'));
+}
+
 std::string reasonOf(const ApplicationKinds::Facts& facts) {
     if (facts.listed != nullptr) {
-        return facts.listed->reason;
+        return reasonOf(*facts.listed);
     }
     return facts.isTerminal ? "a terminal" : "";
 }
@@ -33,7 +37,7 @@ std::vector<ApplicationRow> rowsOfBuiltIn(const ApplicationChoices& choices) {
         const bool isLeftAlone = listed.kind == FrontApplication::KeepsItsKeys;
         rows.push_back({.application = listed.pattern,
                         .title = listed.pattern,
-                        .reason = listed.reason,
+                        .reason = reasonOf(listed),
                         .isLeftAlone = choices.isLeftAlone(listed.pattern).value_or(isLeftAlone)});
     }
     return rows;

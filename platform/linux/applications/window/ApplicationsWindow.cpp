@@ -21,8 +21,8 @@ namespace {
 
 constexpr int margin = 24;
 constexpr int space = 12;
-constexpr int widthInCharacters = 84; // So that it grows with the desktop's letters.
-constexpr int heightInLines = 26;
+constexpr int widthInCharacters = 92; // So that it grows with the desktop's letters.
+constexpr int heightInLines = 36;
 constexpr int nameColumn = 0;
 constexpr int reasonColumn = 1;
 constexpr int applicationRole = Qt::UserRole;
@@ -48,6 +48,7 @@ ApplicationsWindow::ApplicationsWindow(ApplicationKinds& kinds)
     m_list->setAccessibleName(QStringLiteral("Applications"));
     m_list->header()->setSectionResizeMode(nameColumn, QHeaderView::ResizeToContents);
     m_list->header()->setSectionsMovable(false);
+    m_list->setUniformRowHeights(true);
     connect(m_list, &QTreeWidget::itemChanged, this, [this](const QTreeWidgetItem* item) {
         choose(*item);
     });
