@@ -7,6 +7,7 @@
 #include "platform/linux/keys/KeyMap.h"
 #include "platform/linux/x11/X11KeyGrabs.h"
 #include "platform/linux/x11/X11ServerGrab.h"
+#include "platform/linux/x11/X11Session.h"
 
 #include <string>
 
@@ -45,7 +46,7 @@ std::optional<Obstacle> X11Tap::findObstacle() const {
     if (!m_connection) {
         return X11Connection::isForbidden() ? Obstacle::WaylandSession : Obstacle::NoDisplay;
     }
-    if (m_connection->hasExtension("XWAYLAND") || X11Devices::areOfXWayland(*m_connection)) {
+    if (X11Session::isOfWayland(*m_connection)) {
         return Obstacle::WaylandSession;
     }
     return m_connection->hasExtension("XTEST") ? std::nullopt : std::optional(Obstacle::NoXTest);
