@@ -4,6 +4,7 @@
 
 #include "platform/linux/SettingsChanges.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pallistrom {
@@ -11,7 +12,7 @@ namespace pallistrom {
 CFMachPort::CFMachPort(KeyFilter filter, std::span<TapWay* const> ways)
     : m_filter(std::move(filter)), m_ways(ways) {
     SettingsChanges::setObserver([this] {
-        if (isEnabled()) {
+        if (isRunning()) {
             m_way->filterChanged();
         }
     });
@@ -37,7 +38,16 @@ void CFMachPort::setEnabled(bool enabled) {
 }
 
 bool CFMachPort::isEnabled() const {
-    return m_way != nullptr && m_way->isRunning();
+    return isRunning() && isBestWay();
+}
+
+// Only ways that could not run when this one was chosen: one that could, and yet did not start, is
+// not tried again and again.
+bool CFMachPort::isBestWay() const {
+    return std::none_of(m_betterWays.begin(), m_betterWays.end(), [](TapWay* way) {
+        const auto obstacle = way->obstacle();
+        return !obstacle || standsInEveryWay(*obstacle);
+    });
 }
 
 void CFMachPort::serveOnRunLoop() {
@@ -46,20 +56,30 @@ void CFMachPort::serveOnRunLoop() {
 }
 
 void CFMachPort::start() {
+    m_betterWays.clear();
     for (TapWay* const way : m_ways) {
-        if (way->canRun() && way->start(m_filter)) {
+        const auto obstacle = way->obstacle();
+        if (!obstacle && way->start(m_filter)) {
             m_way = way;
             watchWay();
             return;
+        }
+        if (obstacle && standsInEveryWay(*obstacle)) {
+            return;
+        }
+        if (obstacle) {
+            m_betterWays.push_back(way);
         }
     }
 }
 
 void CFMachPort::watchWay() {
-    if (!m_isServed || !isEnabled()) {
+    if (!m_isServed || !isRunning()) {
         return;
     }
-    m_watch = watchDescriptor(m_way->descriptor(), [this] { serveWay(); });
+    if (const auto descriptor = m_way->descriptor()) {
+        m_watch = watchDescriptor(*descriptor, [this] { serveWay(); });
+    }
     // What came in before anybody watched wakes nobody.
     serveWay();
 }
@@ -67,7 +87,7 @@ void CFMachPort::watchWay() {
 void CFMachPort::serveWay() {
     m_way->serve();
     // It may have broken meanwhile, or been switched off by what it served.
-    if (!isEnabled()) {
+    if (!isRunning()) {
         m_watch.reset();
     }
 }

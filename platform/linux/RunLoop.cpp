@@ -77,6 +77,15 @@ void CFRunLoopAddSource(CFRunLoopRef runLoop,
                         CFRunLoopMode /*mode*/) {
     runLoop->sources.push_back(source);
     source->port->serveOnRunLoop();
+    // The port outlives the loop, and would leave without letting go of what its way holds.
+    QObject::connect(QCoreApplication::instance(),
+                     &QCoreApplication::aboutToQuit,
+                     QCoreApplication::instance(),
+                     [weak = std::weak_ptr(source->port)] {
+                         if (const auto port = weak.lock()) {
+                             port->setEnabled(false);
+                         }
+                     });
 }
 
 NSTimerRef scheduledTimerWithTimeInterval(std::chrono::milliseconds interval,

@@ -12,7 +12,7 @@ namespace pallistrom {
 /// One way to the session's keys.
 ///
 /// A running way hands each key that the filter could touch to the filter and delivers what comes
-/// of it. A way that breaks stops by itself.
+/// of it, or has that done. A way that breaks is not running any more.
 class TapWay {
 public:
     TapWay() = default;
@@ -34,11 +34,12 @@ public:
 
     [[nodiscard]] virtual bool isRunning() const = 0;
 
-    /// The descriptor that becomes readable when serve() has something to do. Valid while running.
-    [[nodiscard]] virtual int descriptor() const = 0;
+    /// The descriptor that becomes readable when serve() has something to do; none for a way that
+    /// needs nobody to serve it. Valid while running.
+    [[nodiscard]] virtual std::optional<int> descriptor() const { return std::nullopt; }
 
     /// Handles everything that has come in. Never waits.
-    virtual void serve() = 0;
+    virtual void serve() {}
 
     /// What the filter answers may have changed.
     virtual void filterChanged() = 0;

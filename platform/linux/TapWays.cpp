@@ -3,6 +3,8 @@
 #include "platform/linux/TapWays.h"
 
 #include "platform/linux/applications/ApplicationKinds.h"
+#include "platform/linux/keyboardservice/ServiceTap.h"
+#include "platform/linux/keyboardservice/SessionService.h"
 #include "platform/linux/x11/X11Tap.h"
 
 #include <array>
@@ -10,10 +12,13 @@
 namespace pallistrom {
 
 std::span<TapWay* const> tapWays() {
-    static X11Tap x11Tap([](const WindowClass& window) {
+    // Never destroyed: that would be after what Qt keeps in global objects, which some need for
+    // that.
+    static auto* const serviceTap = new ServiceTap(keyboardService());
+    static auto* const x11Tap = new X11Tap([](const WindowClass& window) {
         return ApplicationKinds::ofSession().kindOfFront(window);
     });
-    static const std::array<TapWay*, 1> ways{&x11Tap};
+    static const std::array<TapWay*, 2> ways{serviceTap, x11Tap};
     return ways;
 }
 
@@ -25,6 +30,9 @@ std::optional<Obstacle> obstacleOfSession() {
             return std::nullopt;
         }
         first = first ? first : obstacle;
+        if (standsInEveryWay(*obstacle)) {
+            return obstacle;
+        }
     }
     return first;
 }

@@ -10,7 +10,7 @@ packages_to() {
     case $1 in
     build) # and start the program
         echo cmake g++ ninja-build pkg-config
-        echo libgtest-dev qt6-base-dev qt6-svg-dev
+        echo libgtest-dev libsystemd-dev qt6-base-dev qt6-svg-dev
         echo libxcb1-dev libxcb-sync-dev libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev
         echo xdotool
         ;;

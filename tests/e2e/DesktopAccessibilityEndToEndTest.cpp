@@ -89,7 +89,7 @@ TEST_F(DesktopAccessibility, tellsOfEverythingInTheGuide) {
                      "label 'Grant Accessibility access'",
                      ("label 'Pallistrom watches for your shortcut keys and turns them into delete "
                       "commands. X11 sessions let it do so without being asked, Wayland sessions "
-                      "not yet — it never logs or sends your keystrokes anywhere.'"),
+                      "need your permission — it never logs or sends your keystrokes anywhere.'"),
                      "label 'Accessibility access granted'",
                      "push button 'Open Accessibility Access…' focusable",
                      "push button 'Back' focusable",

@@ -2,13 +2,20 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/access/AccessPane.h"
 
+#include "pallistrom/Names.h"
 #include "platform/linux/QtText.h"
 #include "platform/linux/TapWays.h"
 #include "platform/linux/access/AccessText.h"
+#include "platform/linux/access/GrantSwitch.h"
 #include "platform/linux/access/StatusDot.h"
+#include "platform/linux/keyboardservice/KeyboardService.h"
+#include "platform/linux/keyboardservice/SessionService.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
+#include <QFrame>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QPointer>
 #include <QVBoxLayout>
@@ -23,57 +30,101 @@ namespace {
 constexpr int margin = 24;
 constexpr int smallSpace = 10;
 constexpr int largeSpace = 20;
+constexpr int iconSize = 48;
 constexpr int textWidthInCharacters = 58; // so that it grows with the desktop's letters
 
-QLabel* makeLabel(QWidget* parent) {
+QLabel* makeLabel(QWidget* parent, const QString& name) {
     auto* const label = new QLabel(parent);
+    label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     return label;
 }
 
+void makeBold(QLabel& label) {
+    QFont bold = label.font();
+    bold.setBold(true);
+    label.setFont(bold);
+}
+
 } // namespace
 
-AccessPane::AccessPane(std::function<std::optional<Obstacle>()> findObstacle)
-    : m_findObstacle(std::move(findObstacle)),
+AccessPane::AccessPane(KeyboardService& service,
+                       std::function<std::optional<Obstacle>()> findObstacle)
+    : m_service(service),
+      m_findObstacle(std::move(findObstacle)),
+      m_switch(new GrantSwitch(this)),
       m_dot(new StatusDot(this)),
-      m_headline(makeLabel(this)),
-      m_explanation(makeLabel(this)) {
+      m_headline(makeLabel(this, QStringLiteral("headline"))),
+      m_explanation(makeLabel(this, QStringLiteral("explanation"))) {
     using namespace std::chrono_literals;
     setWindowTitle(QStringLiteral("Accessibility Access"));
-    QFont bold = m_headline->font();
-    bold.setBold(true);
-    m_headline->setFont(bold);
-    m_explanation->setFixedWidth(textWidthInCharacters * fontMetrics().averageCharWidth());
-
-    auto* const line = new QHBoxLayout;
-    line->setSpacing(smallSpace);
-    line->addWidget(m_dot);
-    line->addWidget(m_headline, 1);
-    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
-
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(smallSpace);
-    column->addLayout(line);
-    column->addWidget(m_explanation);
-    column->addSpacing(largeSpace - smallSpace);
-    column->addWidget(buttons);
+    addApplication(*column);
+    addStatus(*column);
+    addButtons(*column);
     // As high as the text needs, which changes.
     column->setSizeConstraint(QLayout::SetFixedSize);
 
     m_timer.setInterval(1500ms);
     m_timer.setTimerType(Qt::CoarseTimer);
     connect(&m_timer, &QTimer::timeout, this, [this] { look(); });
+    connect(&m_service, &KeyboardService::changed, this, [this] { look(); });
+    connect(m_switch, &QAbstractButton::clicked, this, [this] { clicked(); });
     look();
+}
+
+void AccessPane::addApplication(QVBoxLayout& column) {
+    auto* const icon = new QLabel(this);
+    icon->setPixmap(
+        QApplication::windowIcon().pixmap(QSize(iconSize, iconSize), devicePixelRatioF()));
+    auto* const name = makeLabel(this, QStringLiteral("name"));
+    name->setText(qtText(Names::product));
+    makeBold(*name);
+    m_switch->setAccessibleName(name->text());
+
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(smallSpace);
+    row->addWidget(icon);
+    row->addWidget(name, 1);
+    row->addWidget(m_switch);
+    column.addLayout(row);
+    auto* const line = new QFrame(this);
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    column.addWidget(line);
+}
+
+void AccessPane::addStatus(QVBoxLayout& column) {
+    makeBold(*m_headline);
+    m_explanation->setFixedWidth(textWidthInCharacters * fontMetrics().averageCharWidth());
+    // A command that it names can be copied.
+    m_explanation->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(smallSpace);
+    row->addWidget(m_dot);
+    row->addWidget(m_headline, 1);
+    column.addLayout(row);
+    column.addWidget(m_explanation);
+    column.addSpacing(largeSpace - smallSpace);
+}
+
+void AccessPane::addButtons(QVBoxLayout& column) {
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
+    column.addWidget(buttons);
 }
 
 void AccessPane::present() {
     static QPointer<AccessPane> pane;
     if (!pane) {
-        pane = new AccessPane(obstacleOfSession);
+        pane = new AccessPane(keyboardService(), obstacleOfSession);
         pane->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    if (pane->isVisible()) {
+        pane->opened();
     }
     pane->show();
     pane->raise();
@@ -81,7 +132,7 @@ void AccessPane::present() {
 }
 
 void AccessPane::showEvent(QShowEvent* event) {
-    look();
+    opened();
     m_timer.start();
     QDialog::showEvent(event);
 }
@@ -91,12 +142,38 @@ void AccessPane::hideEvent(QHideEvent* event) {
     QDialog::hideEvent(event);
 }
 
+void AccessPane::opened() {
+    m_service.lookAgain();
+    if (m_service.obstacle() == Obstacle::Panicked) {
+        m_service.endPanic();
+    }
+    look();
+}
+
+void AccessPane::clicked() {
+    const auto obstacle = m_service.obstacle();
+    if (!obstacle) {
+        m_service.withdrawGrant();
+    } else if (obstacle == Obstacle::Panicked) {
+        m_service.endPanic();
+    } else {
+        m_service.requestGrant();
+    }
+}
+
 void AccessPane::look() {
-    const auto obstacle = m_findObstacle();
-    const AccessText text = AccessText::about(obstacle);
-    m_dot->setColour(obstacle ? StatusDot::Colour::Orange : StatusDot::Colour::Green);
+    const AccessState state{.session = m_findObstacle(),
+                            .service = m_service.obstacle(),
+                            .request = m_service.request()};
+    const AccessText text = AccessText::about(state);
+    m_dot->setColour(state.session ? StatusDot::Colour::Orange : StatusDot::Colour::Green);
     m_headline->setText(qtText(text.headline));
     m_explanation->setText(qtText(text.explanation));
+    m_switch->setChecked(!state.service || state.request.isOpen);
+    m_switch->setEnabled(!state.service || state.service == Obstacle::NotGranted ||
+                         state.service == Obstacle::Panicked);
+    m_switch->setAccessibleDescription(m_headline->text() + QStringLiteral(". ") +
+                                       m_explanation->text());
 }
 
 } // namespace pallistrom

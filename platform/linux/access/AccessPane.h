@@ -10,18 +10,28 @@
 #include <functional>
 #include <optional>
 
+class QDialogButtonBox;
 class QLabel;
+class QVBoxLayout;
 
 namespace pallistrom {
 
+class GrantSwitch;
+class KeyboardService;
 class StatusDot;
 
-/// The window that says whether Pallistrom can filter keys here, and what is in the way if not.
-/// Looks again every 1.5 seconds while it is on screen.
+/// The window where a person lets the keyboard service filter keys, or takes that back. It says
+/// whether Pallistrom can filter keys in this session, and what is in the way if not.
+///
+/// Whoever opens it wants keys to be filtered: that ends a panic. What nobody signals is looked at
+/// again every 1.5 seconds while the window is on screen.
 class AccessPane final : public QDialog {
+    Q_OBJECT
+
 public:
-    /// `findObstacle` tells what is in the way, if anything. Called on the main thread.
-    explicit AccessPane(std::function<std::optional<Obstacle>()> findObstacle);
+    /// `findObstacle` tells what keeps keys from being filtered here, if anything. Called on the
+    /// main thread. `service` outlives the pane.
+    AccessPane(KeyboardService& service, std::function<std::optional<Obstacle>()> findObstacle);
 
     /// Opens the one pane of this session's keys, or brings it to the front.
     static void present();
@@ -34,10 +44,17 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void addApplication(QVBoxLayout& column);
+    void addStatus(QVBoxLayout& column);
+    void addButtons(QVBoxLayout& column);
+    void opened();
+    void clicked();
     void look();
 
+    KeyboardService& m_service;
     std::function<std::optional<Obstacle>()> m_findObstacle;
-    StatusDot* m_dot; ///< the three belong to the window, as its children
+    GrantSwitch* m_switch; ///< these belong to the window, as its children
+    StatusDot* m_dot;
     QLabel* m_headline;
     QLabel* m_explanation;
     QTimer m_timer;

@@ -3,6 +3,8 @@
 #include "platform/AccessibilityTrust.h"
 
 #include "platform/linux/TapWays.h"
+#include "platform/linux/keyboardservice/KeyboardService.h"
+#include "platform/linux/keyboardservice/SessionService.h"
 
 namespace pallistrom {
 
@@ -10,10 +12,14 @@ bool AXIsProcessTrusted() {
     return !obstacleOfSession();
 }
 
-// Nobody is asked: an X11 session has nothing to grant, and what is in the way elsewhere is no
-// question of permission. The access pane tells.
-bool AXIsProcessTrustedWithOptions(const std::map<std::string_view, bool>& /*options*/) {
-    return AXIsProcessTrusted();
+// Where a way to the keys is free there is nothing to ask for.
+bool AXIsProcessTrustedWithOptions(const std::map<std::string_view, bool>& options) {
+    const bool isTrusted = AXIsProcessTrusted();
+    const auto prompt = options.find(kAXTrustedCheckOptionPrompt);
+    if (!isTrusted && prompt != options.end() && prompt->second) {
+        keyboardService().requestGrant();
+    }
+    return isTrusted;
 }
 
 } // namespace pallistrom

@@ -23,11 +23,11 @@ constexpr std::array<Row, 6> table{{
      "requires Accessibility permission for this — it never logs or sends your keystrokes "
      "anywhere.",
      "Pallistrom watches for your shortcut keys and turns them into delete commands. X11 sessions "
-     "let it do so without being asked, Wayland sessions not yet — it never logs or sends your "
-     "keystrokes anywhere."},
+     "let it do so without being asked, Wayland sessions need your permission — it never logs or "
+     "sends your keystrokes anywhere."},
     {"Open Accessibility Settings…", "Open Accessibility Access…"},
     {"Toggle “Pallistrom” on in the list, then come back here.",
-     "“Accessibility Access” says what is in the way."},
+     "Toggle “Pallistrom” on in that window, then come back here."},
     {"You can change these anytime from the menu bar.",
      "You can change these anytime from the system tray."},
     {"Pallistrom lives in your menu bar. Open it anytime to tweak shortcuts.",

@@ -67,6 +67,8 @@ bool X11Tap::start(KeyFilter& filter) {
 void X11Tap::stop() {
     if (isRunning()) {
         X11KeyGrabs(*m_connection).clear();
+        // Nobody would do so later, once the fingers have let go.
+        m_session->sender.release(m_pressed, m_session->keyboard.positions());
         xcb_flush(m_connection->get());
     }
     m_session.reset();
@@ -79,7 +81,7 @@ bool X11Tap::isRunning() const {
     return m_filter != nullptr && m_session && m_connection && m_connection->isAlive();
 }
 
-int X11Tap::descriptor() const {
+std::optional<int> X11Tap::descriptor() const {
     return m_connection->descriptor();
 }
 

@@ -51,7 +51,7 @@ public:
     bool start(KeyFilter& filter) override;
     void stop() override;
     [[nodiscard]] bool isRunning() const override;
-    [[nodiscard]] int descriptor() const override;
+    [[nodiscard]] std::optional<int> descriptor() const override;
     void serve() override;
     void filterChanged() override;
 

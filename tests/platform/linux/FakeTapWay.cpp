@@ -31,6 +31,9 @@ bool FakeTapWay::start(KeyFilter& newFilter) {
 void FakeTapWay::stop() {
     ++stopCount;
     m_isRunning = false;
+    if (onStop) {
+        onStop();
+    }
 }
 
 void FakeTapWay::serve() {

@@ -21,7 +21,11 @@ public:
     // --- What it can do.
     bool runs = true;              ///< what canRun() says
     bool starts = true;            ///< whether a start works
+    bool isServed = true;          ///< whether it has a descriptor
     std::function<void()> onServe; ///< called for whatever serve() finds
+    std::function<void()> onStop;  ///< called when it has stopped
+    /// What is in the way while it does not run.
+    Obstacle obstacleInTheWay = Obstacle::NoDisplay;
 
     /// Something comes in.
     void arrive() const;
@@ -37,7 +41,7 @@ public:
     KeyFilter* filter = nullptr;
 
     std::optional<Obstacle> obstacle() override {
-        return runs ? std::nullopt : std::optional(Obstacle::NoDisplay);
+        return runs ? std::nullopt : std::optional(obstacleInTheWay);
     }
 
     bool start(KeyFilter& newFilter) override;
@@ -45,7 +49,9 @@ public:
 
     [[nodiscard]] bool isRunning() const override { return m_isRunning; }
 
-    [[nodiscard]] int descriptor() const override { return m_descriptor; }
+    [[nodiscard]] std::optional<int> descriptor() const override {
+        return isServed ? std::optional(m_descriptor) : std::nullopt;
+    }
 
     void serve() override;
 

@@ -4,6 +4,7 @@
 
 #include "EventLoop.h"
 #include "FakeTapWay.h"
+#include "platform/RunLoop.h"
 #include "platform/linux/SettingsChanges.h"
 
 #include <gtest/gtest.h>
@@ -78,15 +79,64 @@ TEST_F(MachPortTest, givesTheWayItsFilter) {
     EXPECT_TRUE(best.filter->ask({.keyCode = 13, .flags = 0, .isDown = true}).isUntouched);
 }
 
-TEST_F(MachPortTest, leavesARunningWayAlone) {
+TEST_F(MachPortTest, leavesTheBestWayAloneWhileItRuns) {
+    port->setEnabled(true);
+    port->setEnabled(true);
+    EXPECT_EQ(best.startCount, 1);
+    EXPECT_EQ(best.stopCount, 0);
+}
+
+TEST_F(MachPortTest, leavesTheSecondWayAloneWhileTheBestCannotRun) {
     best.runs = false;
     port->setEnabled(true);
-    best.runs = true;
     port->setEnabled(true);
     EXPECT_EQ(second.startCount, 1);
     EXPECT_EQ(second.stopCount, 0);
+}
+
+TEST_F(MachPortTest, isOffOnceABetterWayCanRunAndTakesItWhenSwitchedOn) {
+    best.runs = false;
+    port->setEnabled(true);
+    best.runs = true;
+    EXPECT_FALSE(port->isEnabled());
+    EXPECT_TRUE(second.isRunning()) << "until another has it";
+    second.onStop = [this] {
+        EXPECT_FALSE(best.isRunning()) << "never two at a time";
+    };
+    port->setEnabled(true);
+    EXPECT_TRUE(port->isEnabled());
+    EXPECT_TRUE(best.isRunning());
+    EXPECT_FALSE(second.isRunning());
+}
+
+TEST_F(MachPortTest, doesNotLeaveAWayForABetterOneThatDidNotStart) {
+    best.starts = false;
+    port->setEnabled(true);
+    port->setEnabled(true);
+    EXPECT_EQ(best.startCount, 1);
+    EXPECT_EQ(second.startCount, 1);
+}
+
+TEST_F(MachPortTest, takesNoWayAtAllAgainstAPersonsWord) {
+    port->setEnabled(true);
+    best.runs = false;
+    best.breakDown();
+    best.obstacleInTheWay = Obstacle::Panicked;
+    port->setEnabled(true);
+    EXPECT_FALSE(port->isEnabled());
+    EXPECT_EQ(second.startCount, 0);
+    best.obstacleInTheWay = Obstacle::NotGranted;
+    port->setEnabled(true);
     EXPECT_TRUE(second.isRunning());
-    EXPECT_EQ(best.startCount, 0);
+}
+
+TEST_F(MachPortTest, isOffOnceAPersonsWordStandsAgainstEveryWay) {
+    best.runs = false;
+    port->setEnabled(true);
+    best.obstacleInTheWay = Obstacle::Panicked;
+    EXPECT_FALSE(port->isEnabled());
+    port->setEnabled(true);
+    EXPECT_FALSE(second.isRunning());
 }
 
 TEST_F(MachPortTest, choosesAnewWhenItIsSwitchedOnAgain) {
@@ -133,6 +183,20 @@ TEST_F(MachPortTest, stopsItsWayAtItsEnd) {
     EXPECT_FALSE(best.isRunning());
 }
 
+// As the run loop has it: for good, so that nothing else would stop the way.
+TEST_F(MachPortTest, stopsItsWayWhenTheProgramQuits) {
+    const CFMachPortRef shared = std::make_shared<CFMachPort>(
+        KeyFilter(passOn, nullptr, tappedKeys), std::span<TapWay* const>(ways));
+    CFRunLoopAddSource(CFRunLoopGetCurrent(),
+                       CFMachPortCreateRunLoopSource(shared, 0),
+                       CFRunLoopMode::kCFRunLoopCommonModes);
+    shared->setEnabled(true);
+    dispatchAsyncOnMainQueue([] { QCoreApplication::quit(); });
+    QCoreApplication::exec();
+    EXPECT_EQ(best.stopCount, 1);
+    EXPECT_FALSE(best.isRunning());
+}
+
 // --- Changes of the settings.
 
 TEST_F(MachPortTest, tellsTheRunningWayThatTheFilterMayHaveChanged) {
@@ -140,6 +204,14 @@ TEST_F(MachPortTest, tellsTheRunningWayThatTheFilterMayHaveChanged) {
     SettingsChanges::tell();
     EXPECT_EQ(best.changeCount, 1);
     EXPECT_EQ(second.changeCount, 0);
+}
+
+TEST_F(MachPortTest, tellsTheRunningWayAlsoWhileABetterOneCanRun) {
+    best.runs = false;
+    port->setEnabled(true);
+    best.runs = true;
+    SettingsChanges::tell();
+    EXPECT_EQ(second.changeCount, 1);
 }
 
 TEST_F(MachPortTest, tellsNoWayThatDoesNotRun) {
@@ -191,6 +263,18 @@ TEST_F(MachPortTest, isServedThroughEachWayThatItTakes) {
     best.arrive();
     loop.drain();
     EXPECT_EQ(best.serveCount, 0);
+}
+
+TEST_F(MachPortTest, takesAWayThatNeedsNobodyToServeIt) {
+    best.isServed = false;
+    port->serveOnRunLoop();
+    port->setEnabled(true);
+    EXPECT_TRUE(port->isEnabled());
+    best.breakDown();
+    best.runs = false;
+    port->setEnabled(true);
+    second.arrive();
+    EXPECT_TRUE(loop.runUntil([this] { return second.serveCount == 1; }));
 }
 
 TEST_F(MachPortTest, isNotServedWhileItIsOff) {

@@ -27,6 +27,7 @@ protected:
         setenv("DISPLAY", "", 1);                           // NOLINT(concurrency-mt-unsafe)
         setenv("WAYLAND_DISPLAY", "", 1);                   // NOLINT(concurrency-mt-unsafe)
         setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1); // NOLINT(concurrency-mt-unsafe)
+        setenv("DBUS_SYSTEM_BUS_ADDRESS", "disabled:", 1);  // NOLINT(concurrency-mt-unsafe)
     }
 
     WindowLoop loop;

@@ -4,10 +4,13 @@
 
 #include "ChildProcess.h"
 #include "Environment.h"
+#include "HeldKeys.h"
 #include "Home.h"
 #include "KeyGrab.h"
+#include "Keys.h"
 #include "RecordedLog.h"
 #include "Tools.h"
+#include "VirtualDisplay.h"
 #include "XConnection.h"
 #include "XServer.h"
 #include "platform/EventTap.h"
@@ -30,13 +33,22 @@ constexpr KeyCombination controlU{.keysym = 'u', .modifiers = XCB_MOD_MASK_CONTR
 constexpr CGEventFlags optionOrCommand = kCGEventFlagMaskAlternate | kCGEventFlagMaskCommand;
 
 bool switchedOn = true;
+int questions = 0;
 
 CGEventRef
 rewriteAll(CGEventTapProxy /*proxy*/, CGEventType /*type*/, CGEventRef event, void* /*userInfo*/) {
+    ++questions;
     if (switchedOn) {
         CGEventSetIntegerValueField(event, kCGKeyboardEventKeycode, 51);
     }
     return event;
+}
+
+// To a key without modifiers: those that are held go up for it, and down again.
+CGEventRef
+rewriteToPlain(CGEventTapProxy proxy, CGEventType type, CGEventRef event, void* userInfo) {
+    CGEventSetFlags(event, 0);
+    return rewriteAll(proxy, type, event, userInfo);
 }
 
 Command server(std::vector<std::string> arguments) {
@@ -86,7 +98,9 @@ protected:
         {.keyCode = 32, .required = kCGEventFlagMaskControl, .forbidden = optionOrCommand}};
     KeyFilter filter{rewriteAll, nullptr, keys};
     FrontApplication inFront = FrontApplication::TakesEditingKeys;
-    X11Tap tap{[this](const WindowClass& /*window*/) { return inFront; }};
+    X11Tap tap{[this](const WindowClass& /*window*/) {
+        return inFront;
+    }};
 
 private:
     std::optional<e2e::XServer> m_server;
@@ -204,6 +218,26 @@ TEST_F(X11TapTest, leavesAShortcutToTheProgramThatOwnsItAndSaysSoOnce) {
     static_cast<void>(other.keycodeOf('w')); // An answer says that all before it has been done.
     tap.filterChanged();
     EXPECT_TRUE(isGrabbed(other, controlW));
+}
+
+TEST_F(X11TapTest, leavesNoKeyDownWhenItStopsWhileItsModifierIsHeld) {
+    if (const auto missing = e2e::missingPrograms({"Xephyr", "openbox", "xdotool"});
+        !missing.empty()) {
+        GTEST_SKIP() << missing;
+    }
+    const e2e::VirtualDisplay display(e2e::Keyboard::Device);
+    const e2e::Keys hands(display.keyboardName());
+    Environment::set("DISPLAY", display.name());
+    KeyFilter plain{rewriteToPlain, nullptr, keys};
+    ASSERT_TRUE(tap.start(plain));
+    const int before = questions;
+    hands.play("+ctrl +w -w");
+    ASSERT_TRUE(serveUntil([&] { return questions > before; }));
+
+    tap.stop();
+    hands.play("-ctrl");
+    const e2e::XConnection other(display.name());
+    EXPECT_TRUE(waitUntil([&] { return e2e::heldKeys(other).empty(); }));
 }
 
 TEST_F(X11TapTest, staysOnThePhysicalKeyWhateverTheLayout) {

@@ -1,0 +1,285 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/keyboardservice/BusKeyboardService.h"
+
+#include "pallistrom/Names.h"
+#include "platform/Log.h"
+#include "platform/linux/keyboardservice/ServiceAnswers.h"
+#include "platform/linux/keyboardservice/ServiceCalls.h"
+
+#include <string_view>
+#include <utility>
+
+namespace pallistrom {
+
+namespace {
+
+constexpr const char* busName = "org.freedesktop.DBus";
+constexpr const char* busPath = "/org/freedesktop/DBus";
+
+template<void (BusKeyboardService::*hear)(sd_bus_message*)>
+int handle(sd_bus_message* message, void* service, sd_bus_error* /*error*/) {
+    (static_cast<BusKeyboardService*>(service)->*hear)(message);
+    return 0;
+}
+
+bool isFrom(sd_bus_message* message, std::string_view sender) {
+    const char* const name = sd_bus_message_get_sender(message);
+    return name != nullptr && name == sender;
+}
+
+std::optional<std::string_view> errorName(sd_bus_message* answer) {
+    if (sd_bus_message_is_method_error(answer, nullptr) <= 0) {
+        return std::nullopt;
+    }
+    const sd_bus_error* const error = sd_bus_message_get_error(answer);
+    return error != nullptr && error->name != nullptr ? error->name : "";
+}
+
+std::optional<std::uint32_t> readNumber(sd_bus_message* message) {
+    std::uint32_t number = 0;
+    return sd_bus_message_has_signature(message, "u") > 0 &&
+                   sd_bus_message_read_basic(message, 'u', &number) > 0
+               ? std::optional(number)
+               : std::nullopt;
+}
+
+void logChange(std::optional<Obstacle> before, std::optional<Obstacle> now) {
+    if (!now) {
+        NSLog("Pallistrom: the keyboard service may filter the keys");
+    } else if (now == Obstacle::ServiceMismatch) {
+        NSLog("Pallistrom: the keyboard service is not of this program's version");
+    } else if (!before) {
+        NSLog("Pallistrom: the keyboard service does not filter the keys any more");
+    }
+}
+
+} // namespace
+
+std::optional<Obstacle> BusKeyboardService::obstacle() {
+    if (!m_bus || std::exchange(m_isLost, false)) {
+        connectToBus();
+    }
+    return m_obstacle;
+}
+
+void BusKeyboardService::lookAgain() {
+    if (!m_bus || m_obstacle == Obstacle::NoSystemBus) {
+        connectToBus();
+    } else if (m_bus->isReady() && !m_question &&
+               (m_obstacle == Obstacle::ServiceNotInstalled ||
+                m_obstacle == Obstacle::ServiceSilent || m_obstacle == Obstacle::ServiceMismatch)) {
+        ask();
+    }
+}
+
+void BusKeyboardService::connectToBus() {
+    forgetQuestions();
+    m_matches = {};
+    if (m_bus) {
+        // It may be the one that is speaking.
+        m_bus->disconnect(this);
+        m_bus.release()->deleteLater();
+    }
+    m_bus = std::make_unique<SystemBus>();
+    connect(m_bus.get(), &SystemBus::ready, this, [this] { busIsReady(); });
+    connect(m_bus.get(), &SystemBus::lost, this, [this] { busIsLost(); });
+}
+
+void BusKeyboardService::busIsReady() {
+    m_matches = {m_bus->listen({busName, busPath, busName, "NameOwnerChanged"},
+                               handle<&BusKeyboardService::hearOwner>,
+                               this),
+                 m_bus->listen({busName, busPath, busName, "ActivatableServicesChanged"},
+                               handle<&BusKeyboardService::hearActivatable>,
+                               this),
+                 m_bus->listen({Names::keyboardBusName.data(),
+                                Names::keyboardObject.data(),
+                                Names::keyboardBusName.data(),
+                                "AccessChanged"},
+                               handle<&BusKeyboardService::hearChange>,
+                               this)};
+    take(Obstacle::ServiceSilent);
+    ask();
+}
+
+// Whoever asks next finds the next bus: that is at most as often as anybody asks, however often
+// buses come and go.
+void BusKeyboardService::busIsLost() {
+    m_isLost = m_obstacle != Obstacle::NoSystemBus;
+    forgetQuestions();
+    take(Obstacle::NoSystemBus);
+}
+
+void BusKeyboardService::forgetQuestions() {
+    m_owner.clear();
+    m_question.reset();
+    m_tapCall.reset();
+    if (std::exchange(m_grantCall, nullptr)) {
+        m_request = {};
+    }
+}
+
+void BusKeyboardService::ask() {
+    m_question = m_bus->ask(
+        ServiceCalls::getVersion(*m_bus), handle<&BusKeyboardService::hearVersion>, this);
+}
+
+void BusKeyboardService::hearVersion(sd_bus_message* answer) {
+    m_question.reset();
+    if (const auto error = errorName(answer)) {
+        take(ServiceAnswers::obstacleOfError(*error));
+        return;
+    }
+    std::uint32_t version = 0;
+    if (sd_bus_message_has_signature(answer, "v") <= 0 ||
+        sd_bus_message_read(answer, "v", "u", &version) <= 0 ||
+        version != KeyboardInterface::version) {
+        take(Obstacle::ServiceMismatch);
+        return;
+    }
+    m_owner = sd_bus_message_get_sender(answer);
+    m_question = m_bus->ask(
+        ServiceCalls::make(*m_bus, "GetAccess"), handle<&BusKeyboardService::hearAccess>, this);
+}
+
+void BusKeyboardService::hearAccess(sd_bus_message* answer) {
+    m_question.reset();
+    if (const auto error = errorName(answer)) {
+        take(ServiceAnswers::obstacleOfError(*error));
+        return;
+    }
+    const auto access = readNumber(answer);
+    take(access ? ServiceAnswers::obstacleOfAccess(*access) : Obstacle::ServiceMismatch);
+}
+
+void BusKeyboardService::hearChange(sd_bus_message* signal) {
+    // While a question is open, its answer is what counts.
+    if (m_question || m_owner.empty() || !isFrom(signal, m_owner)) {
+        return;
+    }
+    const auto access = readNumber(signal);
+    take(access ? ServiceAnswers::obstacleOfAccess(*access) : Obstacle::ServiceMismatch);
+}
+
+void BusKeyboardService::hearOwner(sd_bus_message* signal) {
+    const char* name = nullptr;
+    const char* oldOwner = nullptr;
+    const char* newOwner = nullptr;
+    if (!isFrom(signal, busName) ||
+        sd_bus_message_read(signal, "sss", &name, &oldOwner, &newOwner) <= 0 ||
+        name != Names::keyboardBusName) {
+        return;
+    }
+    if (*oldOwner != '\0') {
+        forgetQuestions();
+        take(Obstacle::ServiceSilent);
+    }
+    // A question that has made the bus start it reaches it anyway.
+    if (*newOwner != '\0' && !m_question) {
+        ask();
+    }
+}
+
+void BusKeyboardService::hearActivatable(sd_bus_message* signal) {
+    if (isFrom(signal, busName) && m_obstacle == Obstacle::ServiceNotInstalled && !m_question) {
+        ask();
+    }
+}
+
+void BusKeyboardService::take(std::optional<Obstacle> obstacle) {
+    const auto before = std::exchange(m_obstacle, obstacle);
+    if (before != obstacle) {
+        logChange(before, obstacle);
+    }
+    const Request requestBefore = m_request;
+    considerRequest();
+    if (before != obstacle || !(m_request == requestBefore)) {
+        Q_EMIT changed();
+    }
+}
+
+void BusKeyboardService::requestGrant() {
+    m_wantsGrant = !m_request.isOpen;
+    const Request before = m_request;
+    considerRequest();
+    if (!(m_request == before)) {
+        Q_EMIT changed();
+    }
+}
+
+void BusKeyboardService::considerRequest() {
+    const bool isKnown =
+        m_obstacle != Obstacle::NoSystemBus && m_obstacle != Obstacle::ServiceSilent;
+    if (!m_wantsGrant || !isKnown) {
+        return;
+    }
+    m_wantsGrant = false;
+    if (m_obstacle == Obstacle::NotGranted) {
+        m_grantCall = m_bus->ask(ServiceCalls::make(*m_bus, "RequestGrant"),
+                                 handle<&BusKeyboardService::hearGrant>,
+                                 this);
+        m_request = {.isOpen = m_grantCall != nullptr, .answer = {}};
+    }
+}
+
+void BusKeyboardService::hearGrant(sd_bus_message* answer) {
+    m_grantCall.reset();
+    const auto number = readNumber(answer);
+    m_request = {.isOpen = false,
+                 .answer = number ? ServiceAnswers::grantAnswer(*number) : std::nullopt};
+    Q_EMIT changed();
+}
+
+void BusKeyboardService::withdrawGrant() {
+    if (m_bus) {
+        m_bus->send(ServiceCalls::make(*m_bus, "WithdrawGrant"));
+    }
+}
+
+void BusKeyboardService::endPanic() {
+    if (m_bus) {
+        m_bus->send(ServiceCalls::make(*m_bus, "EndPanic"));
+    }
+}
+
+void BusKeyboardService::setTap(bool on) {
+    m_tapCall.reset();
+    if (m_bus && on) {
+        m_tapCall = m_bus->ask(
+            ServiceCalls::setTap(*m_bus, true), handle<&BusKeyboardService::hearTap>, this);
+    } else if (m_bus) {
+        m_bus->send(ServiceCalls::setTap(*m_bus, false));
+    }
+}
+
+void BusKeyboardService::hearTap(sd_bus_message* answer) {
+    m_tapCall.reset();
+    const auto error = errorName(answer);
+    // What it has signalled since says why.
+    if (!error || m_obstacle) {
+        return;
+    }
+    NSLog("Pallistrom: the keyboard service refuses to filter: " + std::string(*error));
+    take(ServiceAnswers::obstacleOfError(*error));
+}
+
+void BusKeyboardService::setSwitches(std::uint32_t switches) {
+    if (m_bus) {
+        m_bus->send(ServiceCalls::setSwitches(*m_bus, switches));
+    }
+}
+
+void BusKeyboardService::setModifiers(const ModifierTable& modifiers) {
+    if (m_bus) {
+        m_bus->send(ServiceCalls::setModifiers(*m_bus, modifiers));
+    }
+}
+
+void BusKeyboardService::setFrontApplication(FrontApplication application) {
+    if (m_bus) {
+        m_bus->send(ServiceCalls::setFrontApplication(*m_bus, application));
+    }
+}
+
+} // namespace pallistrom
