@@ -26,6 +26,12 @@ public:
     /// The environment of a program on the display and on a bus.
     std::map<std::string, std::string> environment(const SessionBus& bus) const;
 
+    /// Where sway's sockets are.
+    std::filesystem::path runtimeFolder() const { return m_home.path() / "runtime"; }
+
+    /// Where programs find the display.
+    const std::filesystem::path& socket() const { return m_socket; }
+
     /// How many colours there are in the square in the upper left corner.
     int coloursInTheCorner(int size) const;
 

@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/front/FrontWatch.h"
 
+#include "platform/linux/front/SessionFrontWatch.h"
+#include "platform/linux/front/ToplevelSource.h"
+#include "platform/linux/front/X11FrontSource.h"
+#include "platform/linux/wayland/WaylandClient.h"
 #include "platform/linux/applications/ApplicationKinds.h"
 #include "platform/linux/front/X11FrontWatch.h"
 #include "platform/linux/x11/X11Session.h"
@@ -10,20 +14,13 @@
 
 namespace pallistrom {
 
-namespace {
-
-/// Of a session that nobody can tell anything about.
-class UnknownFront final : public FrontWatch {
-public:
-    [[nodiscard]] std::optional<FrontApplication> application() const override {
-        return std::nullopt;
-    }
-};
-
-} // namespace
-
 std::unique_ptr<FrontWatch> FrontWatch::ofSession(std::function<void()> whenChanged) {
+    auto watch = std::make_unique<SessionFrontWatch>(std::move(whenChanged));
     if (auto connection = X11Session::open()) {
+        watch->addSource([&connection](auto changed) {
+            return std::make_unique<X11FrontSource>(std::move(connection), std::move(changed));
+        });
+        return watch;
         return std::make_unique<X11FrontWatch>(
             std::move(connection),
             [](const WindowClass& window) {
@@ -31,7 +28,11 @@ std::unique_ptr<FrontWatch> FrontWatch::ofSession(std::function<void()> whenChan
             },
             std::move(whenChanged));
     }
-    return std::make_unique<UnknownFront>();
+    if (WaylandClient::isWaylandSession()) {
+        watch->addSource(
+            [](auto changed) { return std::make_unique<ToplevelSource>(std::move(changed)); });
+    }
+    return watch;
 }
 
 } // namespace pallistrom

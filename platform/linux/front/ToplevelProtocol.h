@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/linux/front/FrontReport.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+struct wl_registry;
+
+namespace pallistrom {
+
+/// By which names a compositor offers its lists of windows.
+struct ToplevelGlobals {
+    std::optional<std::uint32_t> wlrManager;
+    std::optional<std::uint32_t> list;
+    std::optional<std::uint32_t> cosmicInfo;
+};
+
+/// One of the protocols by which a compositor lists other programs' windows, while it does.
+class ToplevelProtocol {
+public:
+    ToplevelProtocol() = default;
+    ToplevelProtocol(const ToplevelProtocol&) = delete;
+    ToplevelProtocol& operator=(const ToplevelProtocol&) = delete;
+    virtual ~ToplevelProtocol() = default;
+
+    /// Asks the compositor for its windows in the best way that `globals` offer. Null if there is
+    /// none among them.
+    [[nodiscard]] static std::unique_ptr<ToplevelProtocol> begin(wl_registry* registry,
+                                                                 const ToplevelGlobals& globals);
+
+    /// Returns which window is in front, by what has come in so far.
+    [[nodiscard]] virtual FrontReport report() const = 0;
+
+    /// Returns whether the compositor has stopped listing.
+    [[nodiscard]] virtual bool isFinished() const = 0;
+};
+
+} // namespace pallistrom
