@@ -13,6 +13,10 @@ set(PALLISTROM_KEYBOARD_BUS_NAME "org.pallistrom.Keyboard1")
 set(PALLISTROM_KEYBOARD_OBJECT "/org/pallistrom/Keyboard1")
 set(PALLISTROM_POLKIT_ACTION "org.pallistrom.keyboard.filter")
 
+# On the session bus, where desktops tell which window is in front. Nobody is started for it.
+set(PALLISTROM_FRONT_BUS_NAME "org.pallistrom.Front1")
+set(PALLISTROM_FRONT_OBJECT "/org/pallistrom/Front1")
+
 set(PALLISTROM_PROGRAM "pallistrom")
 set(PALLISTROM_SERVICE_PROGRAM "pallistromd")
 set(PALLISTROM_PACKAGE "pallistrom")
@@ -22,6 +26,10 @@ set(PALLISTROM_SERVICE_PACKAGE "pallistrom-keyboard-service")
 set(PALLISTROM_SETTINGS_FOLDER "pallistrom")
 # Below share, where the program is installed.
 set(PALLISTROM_DATA_FOLDER "pallistrom")
+
+# Of the two extensions for GNOME Shell: from 45 on, and before.
+set(PALLISTROM_GNOME_EXTENSION "front@pallistrom.org")
+set(PALLISTROM_CLASSIC_GNOME_EXTENSION "front-classic@pallistrom.org")
 
 # Whoever releases the program sets these three.
 set(PALLISTROM_SUPPORT_ADDRESS

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/front/FrontWatch.h"
 
+#include "platform/linux/front/BusFrontSource.h"
 #include "platform/linux/front/SessionFrontWatch.h"
 #include "platform/linux/front/ToplevelSource.h"
 #include "platform/linux/front/X11FrontSource.h"

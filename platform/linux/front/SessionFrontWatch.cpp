@@ -3,6 +3,7 @@
 #include "platform/linux/front/SessionFrontWatch.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace pallistrom {
@@ -17,13 +18,18 @@ void SessionFrontWatch::look() {
     const auto known = std::find_if(m_sources.begin(), m_sources.end(), [](const auto& source) {
         return source->report().kind != FrontReport::Kind::Unknown;
     });
-    m_rule.take(known == m_sources.end() ? FrontReport::unknown() : (*known)->report());
+    m_isKnown = known != m_sources.end();
+    const FrontReport report = m_isKnown ? (*known)->report() : FrontReport::unknown();
+    if (report.kind == FrontReport::Kind::Window) {
+        m_window = report.window;
+    }
+    m_rule.take(report);
 }
 
 void SessionFrontWatch::sourceChanged() {
-    const auto before = application();
+    const auto before = std::tuple(application(), m_isKnown, m_window);
     look();
-    if (application() != before) {
+    if (std::tuple(application(), m_isKnown, m_window) != before) {
         m_whenChanged();
     }
 }

@@ -31,6 +31,10 @@ public:
         return m_rule.application();
     }
 
+    [[nodiscard]] bool isKnown() const override { return m_isKnown; }
+
+    [[nodiscard]] WindowClass window() const override { return m_window; }
+
 private:
     void look();
     void sourceChanged();
@@ -38,6 +42,8 @@ private:
     std::function<void()> m_whenChanged;
     KeyOwners m_keyOwners{DesktopEntries::ofSession()};
     FrontRule m_rule;
+    bool m_isKnown = false;
+    WindowClass m_window; ///< the last one
     std::vector<std::unique_ptr<FrontSource>> m_sources;
 };
 
