@@ -11,6 +11,8 @@ packages_to() {
     build) # and start the program
         echo cmake g++ ninja-build pkg-config
         echo libgtest-dev libsystemd-dev qt6-base-dev qt6-svg-dev
+        echo libwayland-dev libxcb1-dev libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev
+        echo libxkbcommon-dev libxkbcommon-x11-dev
         echo libxcb1-dev libxcb-sync-dev libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev
         echo xdotool
         ;;
@@ -23,7 +25,7 @@ packages_to() {
         echo libxcb-damage0-dev strace tint2 xdg-utils xfce4-panel xfce4-terminal
         ;;
     browse) # as the tests do that take long, and look at Wayland; Ubuntu has no browser among its packages
-        echo grim qt6-wayland sway waybar
+        echo foot gnome-shell grim kwin-wayland qt6-wayland sway waybar
         [[ $(. /etc/os-release && echo "$ID") == ubuntu ]] || echo chromium
         ;;
     check) # the sources

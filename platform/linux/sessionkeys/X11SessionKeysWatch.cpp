@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/sessionkeys/X11SessionKeysWatch.h"
 
+#include "platform/linux/sessionkeys/KeymapModifiers.h"
+#include "platform/linux/sessionkeys/X11Keymap.h"
 #include "platform/linux/x11/X11Events.h"
 
 #include <utility>
@@ -13,19 +15,25 @@ X11SessionKeysWatch::X11SessionKeysWatch(std::unique_ptr<X11Connection> connecti
     : m_connection(std::move(connection)),
       m_whenChanged(std::move(whenChanged)),
       m_keyboard(*m_connection),
-      m_modifiers(m_keyboard.modifiers()),
+      m_modifiers(readModifiers()),
       m_watch(watchDescriptor(m_connection->descriptor(), [this] { serve(); })) {
     look();
+}
+
+ModifierTable X11SessionKeysWatch::readModifiers() const {
+    const auto keymap = X11Keymap::read(*m_connection);
+    return keymap ? modifiersOf(*keymap) : m_keyboard.modifiers();
 }
 
 void X11SessionKeysWatch::look() {
     while (takeX11Events(*m_connection,
                          [this](const auto& event) { return m_keyboard.isChange(event); })) {
         m_keyboard = X11Keyboard(*m_connection);
-    }
-    // What a server that is going away did not answer is no table.
-    if (m_connection->isAlive()) {
-        m_modifiers = m_keyboard.modifiers();
+        const ModifierTable modifiers = readModifiers();
+        // What a server that is going away did not answer is no table.
+        if (m_connection->isAlive()) {
+            m_modifiers = modifiers;
+        }
     }
 }
 

@@ -20,6 +20,7 @@ public:
     [[nodiscard]] const ModifierTable& modifiers() const override { return m_modifiers; }
 
 private:
+    [[nodiscard]] ModifierTable readModifiers() const;
     void look();
     void serve();
 

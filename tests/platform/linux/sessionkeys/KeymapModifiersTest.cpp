@@ -87,6 +87,12 @@ TEST(Keymap, isNotReadFromAnythingElse) {
     EXPECT_FALSE(Keymap::read(std::string(Keymap::mostBytes + 1, ' ')));
 }
 
+TEST(Keymap, isNotReadWithAListThatBeginsWithAComma) {
+    EXPECT_FALSE(Keymap::read("xkb_keymap { xkb_keycodes { <A> = 38; }; xkb_types { }; "
+                              "xkb_compat { }; xkb_symbols { "
+                              "key <A> { , actions[Group1] = [ NoAction() ] }; }; };"));
+}
+
 // Whoever could name a file could have it read.
 TEST(Keymap, includesNoFiles) {
     EXPECT_FALSE(Keymap::read("xkb_keymap { xkb_keycodes { include \"evdev\" }; "

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/sessionkeys/Keymap.h"
+#include "platform/linux/sessionkeys/KeymapModifiers.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+// The input is the text of a keymap. Whatever it says, one key does not change another: the table
+// is the same each time.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace pallistrom;
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): bytes are bytes
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    if (const auto keymap = Keymap::read(text)) {
+        if (!(modifiersOf(*keymap) == modifiersOf(*keymap))) {
+            std::fprintf(stderr, "another table for the same keymap\n");
+            std::abort();
+        }
+    }
+    return 0;
+}
