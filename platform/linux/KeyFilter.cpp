@@ -5,6 +5,9 @@
 #include "platform/EventPosting.h"
 #include "platform/Precondition.h"
 
+#include <algorithm>
+#include <array>
+
 namespace pallistrom {
 
 class CGEventSource {};
@@ -13,6 +16,44 @@ namespace {
 
 // Where the running callback's keystrokes go.
 std::vector<CGEvent>* collecting = nullptr;
+
+// There is nothing to tell sources apart by.
+CGEventSource theSource;
+
+// Room for the events that a callback makes: it has one at a time, and the heap would make its keys
+// wait. Only those beyond that go there. Taps run on one thread.
+class EventRoom {
+public:
+    CGEvent* make(const CGEvent& event) {
+        const auto* const free = std::find(m_isTaken.begin(), m_isTaken.end(), false);
+        if (free == m_isTaken.end()) {
+            return new CGEvent(event);
+        }
+        const auto index = static_cast<std::size_t>(free - m_isTaken.begin());
+        m_isTaken.at(index) = true;
+        m_events.at(index) = event;
+        return &m_events.at(index);
+    }
+
+    void release(CGEvent* event) {
+        for (std::size_t index = 0; index < m_events.size(); ++index) {
+            if (event == &m_events.at(index)) {
+                m_isTaken.at(index) = false;
+                return;
+            }
+        }
+        delete event;
+    }
+
+private:
+    std::array<CGEvent, 4> m_events;
+    std::array<bool, 4> m_isTaken{};
+};
+
+EventRoom& room() {
+    static EventRoom theRoom;
+    return theRoom;
+}
 
 } // namespace
 
@@ -49,20 +90,18 @@ bool KeyFilter::wouldTouch(const TappedKey& key) {
 }
 
 void CFReleaser::operator()(CGEvent* event) const noexcept {
-    delete event;
+    room().release(event);
 }
 
-void CFReleaser::operator()(CGEventSource* source) const noexcept {
-    delete source;
-}
+void CFReleaser::operator()(CGEventSource* /*source*/) const noexcept {}
 
 OwnedCGEventSource CGEventSourceCreate(CGEventSourceStateID /*state*/) {
-    return OwnedCGEventSource(new CGEventSource);
+    return OwnedCGEventSource(&theSource);
 }
 
 OwnedCGEvent
 CGEventCreateKeyboardEvent(CGEventSource* /*source*/, std::uint16_t keyCode, bool keyDown) {
-    return OwnedCGEvent(new CGEvent{.keyCode = keyCode, .flags = 0, .isDown = keyDown});
+    return OwnedCGEvent(room().make({.keyCode = keyCode, .flags = 0, .isDown = keyDown}));
 }
 
 void CGEventPost(CGEventTapLocation /*location*/, const CGEvent* event) {

@@ -2,32 +2,40 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/VerdictChords.h"
 
+#include "platform/Precondition.h"
+
 namespace pallistrom {
 
-VerdictChords::VerdictChords(const KeyVerdict& verdict, EditingStyle style)
+VerdictChords::VerdictChords(const KeyVerdict& verdict, FrontApplication front)
     : m_isUntouched(verdict.isUntouched),
       m_isTheKeyItself(verdict.posted.empty() && verdict.event.has_value()) {
     if (m_isUntouched) {
         return;
     }
-    const auto add = [this, style](const CGEvent& stroke) {
-        const EditingKeys keys = EditingKeys::forStroke(stroke.keyCode, stroke.flags, style);
-        m_chords.insert(m_chords.end(), keys.chords().begin(), keys.chords().end());
-    };
+    const auto style = front == FrontApplication::EditsBySelection ? EditingStyle::BySelection
+                                                                   : EditingStyle::ByWord;
     for (const CGEvent& posted : verdict.posted) {
         // Presses and releases are posted in pairs; a chord stands for the pair.
         if (posted.isDown) {
-            add(posted);
+            add(posted, style);
         }
     }
     if (verdict.event) {
-        add(*verdict.event);
+        add(*verdict.event, style);
+    }
+}
+
+void VerdictChords::add(const CGEvent& stroke, EditingStyle style) {
+    const EditingKeys keys = EditingKeys::forStroke(stroke.keyCode, stroke.flags, style);
+    for (const LinuxChord& chord : keys.chords()) {
+        precondition(m_count < m_chords.size(), "a shortcut posts too many keystrokes");
+        m_chords.at(m_count++) = chord;
     }
 }
 
 CGEventFlags VerdictChords::flagsOfAll() const {
-    CGEventFlags flags = m_chords.empty() ? 0 : ~CGEventFlags{0};
-    for (const LinuxChord& chord : m_chords) {
+    CGEventFlags flags = m_count == 0 ? 0 : ~CGEventFlags{0};
+    for (const LinuxChord& chord : chords()) {
         flags &= chord.modifiers;
     }
     return flags;
@@ -35,7 +43,7 @@ CGEventFlags VerdictChords::flagsOfAll() const {
 
 CGEventFlags VerdictChords::flagsOfSome() const {
     CGEventFlags flags = 0;
-    for (const LinuxChord& chord : m_chords) {
+    for (const LinuxChord& chord : chords()) {
         flags |= chord.modifiers;
     }
     return flags & ~flagsOfAll();
@@ -45,7 +53,7 @@ std::optional<Replacement> VerdictChords::replacement() const {
     if (m_isUntouched) {
         return std::nullopt;
     }
-    return Replacement{.chords = m_chords, .isTheKeyItself = m_isTheKeyItself};
+    return Replacement{.chords = chords(), .isTheKeyItself = m_isTheKeyItself};
 }
 
 } // namespace pallistrom

@@ -3,17 +3,25 @@
 #pragma once
 
 #include "platform/linux/KeyFilter.h"
+#include "platform/linux/front/FrontApplication.h"
 #include "platform/linux/keys/KeyDelivery.h"
 
+#include <array>
+#include <cstddef>
 #include <optional>
-#include <vector>
+#include <span>
 
 namespace pallistrom {
 
-/// A verdict on a key event, in the keystrokes of a Linux desktop.
+/// A verdict on a key event, in the keystrokes of a Linux desktop. Allocates nothing.
 class VerdictChords {
 public:
-    explicit VerdictChords(const KeyVerdict& verdict, EditingStyle style = EditingStyle::ByWord);
+    /// The most keystrokes that can stand in place of one key.
+    static constexpr std::size_t most = 32;
+
+    /// `front` is the application that takes the keys.
+    explicit VerdictChords(const KeyVerdict& verdict,
+                           FrontApplication front = FrontApplication::TakesEditingKeys);
 
     /// Returns what goes out in place of the event; nothing if the event goes out itself. Valid as
     /// long as this object.
@@ -26,9 +34,14 @@ public:
     [[nodiscard]] CGEventFlags flagsOfSome() const;
 
 private:
+    void add(const CGEvent& stroke, EditingStyle style);
+
+    [[nodiscard]] std::span<const LinuxChord> chords() const { return {m_chords.data(), m_count}; }
+
     bool m_isUntouched;
     bool m_isTheKeyItself;
-    std::vector<LinuxChord> m_chords;
+    std::array<LinuxChord, most> m_chords;
+    std::size_t m_count = 0;
 };
 
 } // namespace pallistrom

@@ -25,11 +25,6 @@ KeySet pressedAndNotReleased(const std::vector<OutputStep>& steps) {
     return keys;
 }
 
-EditingStyle styleOf(FrontApplication application) {
-    return application == FrontApplication::EditsBySelection ? EditingStyle::BySelection
-                                                             : EditingStyle::ByWord;
-}
-
 } // namespace
 
 std::optional<Obstacle> X11Tap::obstacle() {
@@ -213,7 +208,7 @@ std::optional<VerdictChords> X11Tap::chordsFor(EvdevCode key,
     if (verdict.isUntouched) {
         return std::nullopt;
     }
-    return VerdictChords(verdict, styleOf(front));
+    return VerdictChords(verdict, front);
 }
 
 X11HeldKeys X11Tap::heldKeys() const {
