@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "service/devices/DeviceFacts.h"
+#include "service/devices/Handles.h"
+
+#include <optional>
+#include <string>
+
+namespace pallistrom {
+
+/// An input device of the kernel, opened.
+class InputNode {
+public:
+    /// Opens the device at `path`; nothing if that fails, and then errno says why.
+    static std::optional<InputNode> open(const std::string& path);
+
+    /// Returns what it is. `place` is where the system has it below /sys.
+    [[nodiscard]] DeviceFacts facts(std::string_view place) const;
+
+    [[nodiscard]] int descriptor() const { return m_descriptor.get(); }
+
+    [[nodiscard]] libevdev& device() const { return *m_device; }
+
+    [[nodiscard]] const std::string& path() const { return m_path; }
+
+private:
+    InputNode(std::string path, FileDescriptor descriptor, Owned<libevdev> device);
+
+    std::string m_path;
+    FileDescriptor m_descriptor;
+    Owned<libevdev> m_device;
+};
+
+} // namespace pallistrom
