@@ -31,6 +31,7 @@ constexpr auto names = std::to_array<std::pair<std::string_view, EvdevCode>>({
     {"d", KEY_D},
     {"a", KEY_A},
     {"x", KEY_X},
+    {"esc", KEY_ESC},
     {"enter", KEY_ENTER},
     {"tab", KEY_TAB},
     {"bs", KEY_BACKSPACE},
