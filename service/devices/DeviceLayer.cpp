@@ -51,6 +51,9 @@ void DeviceLayer::wakeAt(Moment moment) {
 
 void DeviceLayer::lookForKeyboards() {
     m_watch.start();
+    if (std::exchange(m_hasToLook, false)) {
+        m_watch.look();
+    }
 }
 
 bool DeviceLayer::canMakeKeyboards() const {
@@ -122,6 +125,7 @@ void DeviceLayer::add(InputNode node, EvdevKeyboard::Pointer pointer) {
     auto device = EvdevKeyboard::make(std::move(node), pointer, m_loop, *this);
     if (!device) {
         NSLog("Pallistrom: there is no virtual keyboard for " + path + ": " + reason(errno));
+        m_hasToLook = true; // The next time that somebody wants keyboards.
         return;
     }
     EvdevKeyboard* const keyboard = device.get();

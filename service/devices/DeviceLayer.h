@@ -55,7 +55,8 @@ private:
     OwnedEventSource m_wake;
     DeviceWatch m_watch;
     std::vector<Known> m_known;
-    Keyboards m_keyboards; ///< its devices tell of their end
+    bool m_hasToLook = true; ///< for keyboards that are there and not known
+    Keyboards m_keyboards;   ///< its devices tell of their end
 };
 
 } // namespace pallistrom

@@ -48,7 +48,9 @@ void DeviceWatch::start() {
         NSLog("Pallistrom: keyboards that are plugged in later go unnoticed");
     }
     m_received.reset(received);
+}
 
+void DeviceWatch::look() {
     const Owned<udev_enumerate> list(udev_enumerate_new(m_udev.get()));
     udev_enumerate_add_match_subsystem(list.get(), "input");
     udev_enumerate_scan_devices(list.get());

@@ -30,8 +30,11 @@ public:
     /// Both outlive the watch.
     DeviceWatch(sd_event& loop, Observer& observer) : m_loop(loop), m_observer(observer) {}
 
-    /// Tells of all devices that are there, and from now on of all changes. More than once is once.
+    /// Tells of changes from now on. More than once is once.
     void start();
+
+    /// Tells of all devices that are there. Once it has been started.
+    void look();
 
     /// `path` may not be opened: has it told of again once its rights have changed.
     void waitForRights(const std::string& path);

@@ -127,9 +127,22 @@ std::string EvdevKeyboard::description() const {
 }
 
 void EvdevKeyboard::setWatched(bool watched) {
+    setHeard(watched);
     for (sd_event_source* const source : {m_readable.get(), m_lightsSwitched.get()}) {
         sd_event_source_set_enabled(source, watched ? SD_EVENT_ON : SD_EVENT_OFF);
     }
+}
+
+// Has the kernel keep for us all that the keyboard sends, or nothing: what is typed while nobody
+// wants it is not ours to see, and wakes nobody.
+void EvdevKeyboard::setHeard(bool heard) const {
+    std::array<unsigned char, (EV_CNT + 7) / 8> types{};
+    types.fill(heard ? 0xFF : 0);
+    input_mask mask{};
+    mask.type = EV_SYN; // Stands for the types themselves.
+    mask.codes_size = types.size();
+    mask.codes_ptr = reinterpret_cast<std::uintptr_t>(types.data());
+    ::ioctl(m_node.descriptor(), EVIOCSMASK, &mask);
 }
 
 KeyboardDevice::Reading EvdevKeyboard::read() {
@@ -140,12 +153,18 @@ KeyboardDevice::Reading EvdevKeyboard::read() {
     return {.events = {m_events.data(), count}, .isGone = count == 0 && m_hasHungUp};
 }
 
-// One read a turn: as much as the kernel keeps for us, so that a keyboard that never stops has to
-// let others have theirs.
+// One read a turn, and a keyboard that fills it, as none does under anybody's fingers, stands in
+// line with everything else.
 void EvdevKeyboard::keepUnread() {
     const auto size = ::read(m_node.descriptor(), m_events.data(), sizeof(m_events));
     m_unread = size > 0 ? static_cast<std::size_t>(size) / sizeof(input_event) : 0;
     m_hasHungUp = m_hasHungUp || (size < 0 && errno != EAGAIN && errno != EINTR);
+    const bool isFull = m_unread == m_events.size();
+    if (isFull != m_isInLine) {
+        m_isInLine = isFull;
+        constexpr std::int64_t lessUrgent = SD_EVENT_PRIORITY_NORMAL;
+        sd_event_source_set_priority(m_readable.get(), isFull ? lessUrgent : priority);
+    }
 }
 
 KeyboardDevice::Reading EvdevKeyboard::catchUp(const KeySet& known) {

@@ -43,7 +43,7 @@ public:
         Too, ///< it has a mouse's axes or buttons
     };
 
-    /// Devices before everything else. At the very first of all priorities sd-event does not look a
+    /// Keys before everything else. At the very first of all priorities sd-event does not look a
     /// second time for something yet more urgent.
     static constexpr std::int64_t priority = INT64_MIN;
 
@@ -83,6 +83,7 @@ private:
 
     bool addTo(sd_event& loop);
     [[nodiscard]] bool setGrab(bool grabbed) const;
+    void setHeard(bool heard) const;
     void keepUnread();
     [[nodiscard]] bool hasUnreadKeyBefore(const timespec& moment) const;
     void serveLights();
@@ -96,6 +97,7 @@ private:
     OwnedEventSource m_settled;
     bool m_isReady = false;
     bool m_hasHungUp = false;
+    bool m_isInLine = false; ///< with what is less urgent than keys
     Lights m_lights;
     std::array<input_event, 64> m_events{};
     std::size_t m_unread = 0; ///< events that were read ahead

@@ -80,10 +80,8 @@ void KeyStream::handle(KeyboardNumber keyboard, const input_event& event) {
         }
         break;
     case EV_KEY:
-        if (isButton(event.code)) {
-            handleButton(keyboard, event.code, event.value);
-        } else if (const auto action = actionOf(event.value); action && event.code < KEY_CNT) {
-            handleKey(keyboard, event.code, *action);
+        if (const auto action = actionOf(event.value); action && event.code < KEY_CNT) {
+            handleKeyOrButton(keyboard, event.code, *action);
         }
         break;
     case EV_MSC:
@@ -105,17 +103,29 @@ void KeyStream::handle(KeyboardNumber keyboard, const input_event& event) {
 }
 
 void KeyStream::leave(KeyboardNumber keyboard) {
-    forEachKey(m_keyboards.at(keyboard).held, [&](EvdevCode key) {
-        if (!isButton(key)) {
-            handleKey(keyboard, key, KeyAction::Release);
+    forEachKey(m_keyboards.at(keyboard).held,
+               [&](EvdevCode key) { handleKeyOrButton(keyboard, key, KeyAction::Release); });
+    for (EvdevCode key = 0; key < m_shownOn.size(); ++key) {
+        if (m_shownOn.at(key) == keyboard) {
+            moveToOther(key);
         }
-    });
-    m_queue.flushAll();
-    // What is still shown there, for a key that is held on another keyboard too, goes up with it.
-    for (KeyboardNumber& shownOn : m_shownOn) {
-        shownOn = shownOn == keyboard ? nowhere : shownOn;
     }
+    endFrame(keyboard);
+    m_queue.flushAll();
     m_keyboards.at(keyboard) = {};
+}
+
+// A key that another keyboard holds too goes up with this one, as nobody wants to see it typed
+// again. But a modifier is to last.
+void KeyStream::moveToOther(EvdevCode key) {
+    const KeyboardNumber from = m_shownOn.at(key);
+    m_shownOn.at(key) = nowhere;
+    const Modifier modifier = m_table.modifierOf(key);
+    if (modifier != Modifier::None && modifier != Modifier::CapsLock) {
+        m_shownOn.at(key) = holderOf(key);
+        sendAlone(m_shownOn.at(key), {OutputStep::Kind::Press, key});
+    }
+    sendAlone(from, {OutputStep::Kind::Release, key});
 }
 
 void KeyStream::letGo() {
@@ -125,7 +135,7 @@ void KeyStream::letGo() {
         Keyboard& keyboard = m_keyboards.at(number);
         forEachKey(keyboard.held, [&](EvdevCode key) {
             if (isButton(key)) {
-                handleButton(number, key, 0);
+                handleButton(number, key, KeyAction::Release);
             }
         });
         keyboard.scanCode.reset();
@@ -136,30 +146,42 @@ void KeyStream::letGo() {
     m_queue.flushAll();
 }
 
+void KeyStream::handleKeyOrButton(KeyboardNumber number, EvdevCode code, KeyAction action) {
+    if (isButton(code)) {
+        handleButton(number, code, action);
+    } else {
+        handleKey(number, code, action);
+    }
+}
+
 void KeyStream::handleKey(KeyboardNumber number, EvdevCode key, KeyAction action) {
     Keyboard& keyboard = m_keyboards.at(number);
     std::uint8_t& holders = m_holders.at(key);
-    // Neither a press of what is down nor anything else of what is up is news.
-    if (keyboard.held[key] != (action == KeyAction::Press)) {
-        bool isHeldElsewhere = holders > 1;
-        if (action == KeyAction::Press) {
-            isHeldElsewhere = holders++ > 0;
-            keyboard.held.set(key);
-        } else if (action == KeyAction::Release) {
-            isHeldElsewhere = --holders > 0;
-            keyboard.held.reset(key);
-        }
-        if (!isHeldElsewhere) {
-            deliver(number, key, action);
-        }
+    const bool wasHeld = keyboard.held[key];
+    if (action == KeyAction::Press && !wasHeld) {
+        keyboard.held.set(key);
+        ++holders;
+    } else if (action == KeyAction::Release && wasHeld) {
+        keyboard.held.reset(key);
+        --holders;
+    }
+    const int others = holders - (keyboard.held[key] ? 1 : 0);
+    if (others == 0 && (wasHeld || action == KeyAction::Press)) {
+        deliver(number, key, action);
     }
     keyboard.scanCode.reset();
 }
 
-void KeyStream::handleButton(KeyboardNumber number, EvdevCode button, std::int32_t value) {
-    m_keyboards.at(number).held[button] = value != 0;
+void KeyStream::handleButton(KeyboardNumber number, EvdevCode button, KeyAction action) {
+    const bool isDown = action == KeyAction::Press;
+    // The kernel repeats buttons of keyboards as well, and nobody wants to know.
+    if (action == KeyAction::Repeat || m_keyboards.at(number).held[button] == isDown) {
+        m_keyboards.at(number).scanCode.reset();
+        return;
+    }
+    m_keyboards.at(number).held[button] = isDown;
     sendScanCode(pointerOf(number));
-    sendInFrame(pointerOf(number), EV_KEY, button, value);
+    sendInFrame(pointerOf(number), EV_KEY, button, isDown ? 1 : 0);
 }
 
 void KeyStream::deliver(KeyboardNumber number, EvdevCode key, KeyAction action) {

@@ -60,8 +60,10 @@ private:
         bool hasOpenPointerFrame = false;
     };
 
+    void handleKeyOrButton(KeyboardNumber number, EvdevCode code, KeyAction action);
     void handleKey(KeyboardNumber number, EvdevCode key, KeyAction action);
-    void handleButton(KeyboardNumber number, EvdevCode button, std::int32_t value);
+    void moveToOther(EvdevCode key);
+    void handleButton(KeyboardNumber number, EvdevCode button, KeyAction action);
     void deliver(KeyboardNumber number, EvdevCode key, KeyAction action);
     void endFrame(KeyboardNumber number);
 

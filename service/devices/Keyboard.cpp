@@ -88,16 +88,14 @@ Keyboard::News Keyboard::begin() {
     if (!m_isWanted || !m_device->isReady()) {
         return News::None;
     }
+    // Before it is asked what is down, so that no change is missed.
+    become(State::Awaited);
     const auto down = m_device->startOver();
     if (!down) {
         return gone();
     }
     m_down = *down;
-    if (m_down.none()) {
-        return grab();
-    }
-    become(State::Awaited);
-    return News::None;
+    return m_down.none() ? grab() : News::None;
 }
 
 Keyboard::News Keyboard::grab() {
@@ -178,9 +176,10 @@ Keyboard::News Keyboard::letGoAtRest() {
         return News::None;
     }
     m_stream.queue().flush();
-    if (m_device->letGo() == KeyboardDevice::LetGo::Done) {
-        become(State::Free);
+    if (m_device->letGo() == KeyboardDevice::LetGo::NotAtRest) {
+        return takeGrabbed(m_device->read());
     }
+    become(State::Free);
     return News::None;
 }
 

@@ -47,7 +47,7 @@ public:
     /// Returns whether the session has had the time to take up the virtual keyboard.
     [[nodiscard]] virtual bool isReady() const = 0;
 
-    /// Whether somebody is told when there is something to read.
+    /// Whether there is anything to read, and somebody is told then.
     virtual void setWatched(bool watched) = 0;
 
     /// Reads some of what has come in; nothing if nothing has. Never waits.
