@@ -10,9 +10,8 @@ packages_to() {
     case $1 in
     build) # and start the program
         echo cmake g++ ninja-build pkg-config
-        echo libgtest-dev libsystemd-dev qt6-base-dev qt6-svg-dev
-        echo libwayland-dev libxcb1-dev libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev
-        echo libxkbcommon-dev libxkbcommon-x11-dev
+        echo libgtest-dev libevdev-dev libsystemd-dev libudev-dev qt6-base-dev qt6-svg-dev
+        echo libwayland-dev libxkbcommon-dev libxkbcommon-x11-dev
         echo libxcb1-dev libxcb-sync-dev libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev
         echo xdotool
         ;;
