@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#include "service/grants/GrantFile.h"
+
+#include "service/grants/GrantsText.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace pallistrom {
+
+namespace {
+
+class OpenFile {
+public:
+    OpenFile(const std::filesystem::path& path, int flags)
+        : m_descriptor{open(path.c_str(), flags | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600)} {}
+
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    ~OpenFile() {
+        if (isOpen()) {
+            // What mattered is on the disk already.
+            static_cast<void>(close());
+        }
+    }
+
+    [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
+
+    [[nodiscard]] int descriptor() const { return m_descriptor; }
+
+    [[nodiscard]] bool close() { return ::close(std::exchange(m_descriptor, -1)) == 0; }
+
+private:
+    int m_descriptor;
+};
+
+bool writeAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t count = write(descriptor, text.data(), text.size());
+        if (count < 0 && errno != EINTR) {
+            return false;
+        }
+        text.remove_prefix(static_cast<std::size_t>(count < 0 ? 0 : count));
+    }
+    return true;
+}
+
+// Reads one byte more than a good file has, so that a longer one is seen to be damaged.
+std::optional<std::string> readAll(int descriptor) {
+    std::string text;
+    std::array<char, 4096> buffer{};
+    while (text.size() <= GrantsText::longest) {
+        const ssize_t count = read(descriptor, buffer.data(), buffer.size());
+        if (count == 0) {
+            return text;
+        }
+        if (count < 0 && errno != EINTR) {
+            return std::nullopt;
+        }
+        text.append(buffer.data(), static_cast<std::size_t>(count < 0 ? 0 : count));
+    }
+    return text;
+}
+
+// The name of a file is in its folder, and as lasting as that.
+void keepFolder(const std::filesystem::path& folder) {
+    const OpenFile opened{folder, O_RDONLY | O_DIRECTORY};
+    if (opened.isOpen()) {
+        // Not every file system does this for folders.
+        static_cast<void>(fsync(opened.descriptor()));
+    }
+}
+
+bool writeFile(const std::filesystem::path& path, std::string_view text) {
+    OpenFile file{path, O_WRONLY | O_CREAT | O_TRUNC};
+    return file.isOpen() && writeAll(file.descriptor(), text) && fsync(file.descriptor()) == 0 &&
+           file.close();
+}
+
+} // namespace
+
+GrantFile::GrantFile(const std::filesystem::path& folder)
+    : m_file{folder / "grants"},
+      m_newFile{folder / "grants.new"},
+      m_damagedFile{folder / "grants.damaged"} {}
+
+GrantFile::Outcome GrantFile::load(Grants& grants) const {
+    const OpenFile file{m_file, O_RDONLY};
+    if (!file.isOpen() && errno == ENOENT) {
+        return Outcome::Done;
+    }
+    const auto text = file.isOpen() ? readAll(file.descriptor()) : std::nullopt;
+    if (!text) {
+        return Outcome::Failed;
+    }
+    if (const auto read = GrantsText::parse(*text)) {
+        grants = *read;
+        return Outcome::Done;
+    }
+    // If it cannot be put aside, the next grant replaces it.
+    static_cast<void>(std::rename(m_file.c_str(), m_damagedFile.c_str()));
+    return Outcome::Damaged;
+}
+
+GrantFile::Outcome GrantFile::store(const Grants& grants) const {
+    if (grants.empty()) {
+        const bool isGone = unlink(m_file.c_str()) == 0 || errno == ENOENT;
+        keepFolder(m_file.parent_path());
+        return isGone ? Outcome::Done : Outcome::Failed;
+    }
+    if (writeFile(m_newFile, GrantsText::make(grants)) &&
+        std::rename(m_newFile.c_str(), m_file.c_str()) == 0) {
+        keepFolder(m_file.parent_path());
+        return Outcome::Done;
+    }
+    const int why = errno;
+    unlink(m_newFile.c_str());
+    errno = why;
+    return Outcome::Failed;
+}
+
+} // namespace pallistrom

@@ -1,0 +1,209 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#include "service/clients/Users.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+namespace pallistrom {
+
+namespace {
+
+using std::chrono::seconds;
+using testing::Eq;
+using testing::Optional;
+
+constexpr UserId ann = 1000;
+constexpr UserId bob = 1001;
+
+ActiveSession sessionOf(UserId user, const std::string& id) {
+    return {.id = id, .user = user, .isLocked = false};
+}
+
+void switchOn(UserWish& wish) {
+    wish.switches = 5;
+}
+
+} // namespace
+
+TEST(Users, wantNothingBeforeTheySaySo) {
+    Users users;
+    EXPECT_TRUE(users.add(":1.1", ann));
+    EXPECT_FALSE(users.wantsTap(ann));
+    EXPECT_EQ(users.wishOf(ann), UserWish{});
+}
+
+TEST(Users, wantTheTapUntilTheySayGoodbye) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    users.setTap(":1.1", true);
+    EXPECT_TRUE(users.wantsTap(ann));
+    EXPECT_FALSE(users.wantsTap(bob));
+    users.setTap(":1.1", false);
+    EXPECT_FALSE(users.wantsTap(ann));
+    users.vanish(":1.1", seconds{1});
+    EXPECT_FALSE(users.wantsTap(ann));
+    EXPECT_EQ(users.nextChange(), std::nullopt);
+}
+
+TEST(Users, areHeardForThemselvesAlone) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    ASSERT_TRUE(users.add(":1.2", bob));
+    users.change(":1.1", switchOn);
+    EXPECT_EQ(users.wishOf(ann).switches, 5U);
+    EXPECT_EQ(users.wishOf(bob), UserWish{});
+}
+
+TEST(Users, thatAreUnknownAreNotHeard) {
+    Users users;
+    users.setTap(":1.9", true);
+    users.change(":1.9", switchOn);
+    users.vanish(":1.9", seconds{1});
+    EXPECT_EQ(users.userOf(":1.9"), std::nullopt);
+    EXPECT_EQ(users.nextChange(), std::nullopt);
+}
+
+TEST(Users, whoVanishKeepTheTapWithTheLastWishesFor30Seconds) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    users.setTap(":1.1", true);
+    users.change(":1.1", switchOn);
+    users.vanish(":1.1", seconds{100});
+    EXPECT_THAT(users.nextChange(), Optional(Eq(Moment{seconds{130}})));
+
+    users.passTime(seconds{130} - Moment{1});
+    EXPECT_TRUE(users.wantsTap(ann));
+    EXPECT_EQ(users.wishOf(ann).switches, 5U);
+
+    users.passTime(seconds{130});
+    EXPECT_FALSE(users.wantsTap(ann));
+    EXPECT_EQ(users.wishOf(ann), UserWish{});
+    EXPECT_EQ(users.nextChange(), std::nullopt);
+}
+
+TEST(Users, whoComeBackGoOnWhereTheyWere) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    users.setTap(":1.1", true);
+    users.change(":1.1", switchOn);
+    users.vanish(":1.1", seconds{100});
+    ASSERT_TRUE(users.add(":1.2", ann));
+    EXPECT_TRUE(users.wantsTap(ann));
+    EXPECT_EQ(users.wishOf(ann).switches, 5U);
+    users.setTap(":1.2", true);
+    EXPECT_EQ(users.nextChange(), std::nullopt);
+    users.passTime(seconds{500});
+    EXPECT_TRUE(users.wantsTap(ann));
+}
+
+TEST(Users, whoComeBackMaySayGoodbyeAfterAll) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    users.setTap(":1.1", true);
+    users.vanish(":1.1", seconds{100});
+    ASSERT_TRUE(users.add(":1.2", ann));
+    users.setTap(":1.2", false);
+    EXPECT_FALSE(users.wantsTap(ann));
+    EXPECT_EQ(users.nextChange(), std::nullopt);
+}
+
+TEST(Users, whoComeBackAndSayNothingLoseTheTapAllTheSame) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    users.setTap(":1.1", true);
+    users.change(":1.1", switchOn);
+    users.vanish(":1.1", seconds{100});
+    ASSERT_TRUE(users.add(":1.2", ann));
+    users.passTime(seconds{130});
+    EXPECT_FALSE(users.wantsTap(ann));
+    EXPECT_EQ(users.wishOf(ann).switches, 5U) << "somebody is still connected";
+}
+
+TEST(Users, ofASessionThatHasEndedHaveNoHoldInTheNext) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    users.setTap(":1.1", true);
+    users.sessionIs(sessionOf(ann, "3"));
+    users.vanish(":1.1", seconds{100});
+    users.sessionIs(std::nullopt);
+    users.sessionIs(sessionOf(ann, "7"));
+    EXPECT_FALSE(users.wantsTap(ann));
+}
+
+TEST(Users, whoseSessionHasTheKeyboardAgainStillHaveTheirHold) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    ASSERT_TRUE(users.add(":1.2", bob));
+    users.setTap(":1.1", true);
+    users.sessionIs(sessionOf(ann, "3"));
+    users.vanish(":1.1", seconds{100});
+    users.sessionIs(sessionOf(bob, "4"));
+    users.sessionIs(sessionOf(ann, "3"));
+    EXPECT_TRUE(users.wantsTap(ann));
+}
+
+TEST(Users, whoAreConnectedWantTheTapInAnySession) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    users.setTap(":1.1", true);
+    users.sessionIs(sessionOf(ann, "3"));
+    users.sessionIs(sessionOf(ann, "7"));
+    EXPECT_TRUE(users.wantsTap(ann));
+}
+
+TEST(Users, withSeveralConnectionsWantTheTapAsLongAsOneDoes) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    ASSERT_TRUE(users.add(":1.2", ann));
+    users.setTap(":1.1", true);
+    users.setTap(":1.2", false);
+    EXPECT_TRUE(users.wantsTap(ann));
+    users.setTap(":1.2", true);
+    users.vanish(":1.1", seconds{1});
+    EXPECT_EQ(users.nextChange(), std::nullopt) << "the other wants it still";
+    users.setTap(":1.2", false);
+    EXPECT_FALSE(users.wantsTap(ann));
+}
+
+TEST(Users, saidWhatWasSaidLast) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    ASSERT_TRUE(users.add(":1.2", ann));
+    users.change(":1.1", [](UserWish& wish) { wish.switches = 1; });
+    users.change(":1.2", [](UserWish& wish) { wish.switches = 2; });
+    EXPECT_EQ(users.wishOf(ann).switches, 2U);
+}
+
+TEST(Users, allVanishWithTheBus) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    ASSERT_TRUE(users.add(":1.2", bob));
+    users.setTap(":1.1", true);
+    users.vanishAll(seconds{100});
+    EXPECT_THAT(users.connections(), testing::IsEmpty());
+    EXPECT_TRUE(users.wantsTap(ann));
+    EXPECT_FALSE(users.wantsTap(bob));
+}
+
+TEST(Users, ofOneKindDoNotTakeAllTheRoom) {
+    Users users;
+    for (std::size_t i = 0; i < Users::mostConnectionsOfOne; ++i) {
+        EXPECT_TRUE(users.add(":1." + std::to_string(i), ann));
+    }
+    EXPECT_FALSE(users.add(":1.100", ann));
+    EXPECT_TRUE(users.add(":1.101", bob));
+    users.vanish(":1.0", seconds{1});
+    EXPECT_TRUE(users.add(":1.102", ann));
+}
+
+TEST(Users, areNotWithoutNumber) {
+    Users users;
+    for (std::size_t i = 0; i < Users::mostConnections; ++i) {
+        EXPECT_TRUE(users.add(":1." + std::to_string(i), static_cast<UserId>(i)));
+    }
+    EXPECT_FALSE(users.add(":1.100", bob + 5000));
+}
+
+} // namespace pallistrom
