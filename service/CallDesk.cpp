@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#include "service/CallDesk.h"
+
+#include "platform/Log.h"
+#include "service/clients/AccessRule.h"
+
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+namespace pallistrom {
+
+namespace {
+
+using KeyboardInterface::Access;
+using KeyboardInterface::GrantAnswer;
+
+template<typename... Handlers>
+struct Overloaded : Handlers... {
+    using Handlers::operator()...;
+};
+
+template<typename... Handlers>
+Overloaded(Handlers...) -> Overloaded<Handlers...>;
+
+std::string_view describe(Access access) {
+    switch (access) {
+    case Access::Granted:
+        return "access";
+    case Access::NotGranted:
+        return "no access: it was not granted";
+    case Access::Panicked:
+        return "no access: the panic chord was pressed";
+    case Access::NotLocal:
+        return "no access: no session at this machine's keyboard";
+    case Access::NoKeyboard:
+        return "no access: no virtual keyboard can be made";
+    }
+    return {};
+}
+
+void logAccess(UserId user, Access access) {
+    NSLog("Pallistrom: user " + std::to_string(user) + " has " + std::string{describe(access)});
+}
+
+void logUser(UserId user, std::string_view what) {
+    NSLog("Pallistrom: user " + std::to_string(user) + " " + std::string{what});
+}
+
+} // namespace
+
+bool CallDesk::arrive(const std::string& caller, UserId user) {
+    if (m_state.users.add(caller, user)) {
+        return true;
+    }
+    logUser(user, "has too many connections; one was refused");
+    return false;
+}
+
+void CallDesk::carryOut(BusSide& side,
+                        const std::string& caller,
+                        PendingCall call,
+                        const std::function<void()>& later) {
+    const auto user = m_state.users.userOf(caller);
+    if (!user) {
+        call.reply.tooMuch();
+        return;
+    }
+    Users& users = m_state.users;
+    const Reply& reply = call.reply;
+    std::visit(Overloaded{
+                   [&](Calls::GetAccess) {
+                       const Access access = accessOf(caller);
+                       logAccess(*user, access);
+                       m_news.told(caller, access);
+                       reply.value(static_cast<std::uint32_t>(access));
+                   },
+                   [&](Calls::RequestGrant) {
+                       requestGrant(side, caller, *user, std::move(call.reply), later);
+                   },
+                   [&](Calls::WithdrawGrant) {
+                       m_state.grants.withdraw(*user);
+                       reply.done();
+                   },
+                   [&](Calls::EndPanic) {
+                       m_state.grants.resume(*user);
+                       reply.done();
+                   },
+                   [&](Calls::SetTap set) {
+                       users.setTap(caller, set.on);
+                       reply.done();
+                   },
+                   [&](Calls::SetSwitches set) {
+                       users.change(caller, [&](UserWish& wish) { wish.switches = set.switches; });
+                       reply.done();
+                   },
+                   [&](const Calls::SetModifiers& set) {
+                       users.change(caller,
+                                    [&](UserWish& wish) { wish.modifiers = set.modifiers; });
+                       reply.done();
+                   },
+                   [&](Calls::SetFrontApplication set) {
+                       users.change(caller, [&](UserWish& wish) { wish.front = set.kind; });
+                       reply.done();
+                   },
+               },
+               call.call);
+}
+
+void CallDesk::requestGrant(BusSide& side,
+                            const std::string& caller,
+                            UserId user,
+                            Reply reply,
+                            const std::function<void()>& later) {
+    if (m_state.grants.grantOf(user)) {
+        reply.value(static_cast<std::uint32_t>(GrantAnswer::Granted));
+        return;
+    }
+    if (!m_asking.emplace(user, caller).second) {
+        reply.value(static_cast<std::uint32_t>(GrantAnswer::Busy));
+        return;
+    }
+    // Shared, as a std::function can be copied and a reply cannot.
+    const auto shared = std::make_shared<Reply>(std::move(reply));
+    side.authority().ask(caller, [this, user, shared, later](GrantAnswer answer) {
+        m_asking.erase(user);
+        if (answer == GrantAnswer::Granted) {
+            logUser(user, "was granted that keys are filtered");
+            m_state.grants.give(user);
+        } else {
+            logUser(user, "was not granted that keys are filtered");
+        }
+        shared->value(static_cast<std::uint32_t>(answer));
+        later();
+    });
+}
+
+void CallDesk::vanish(BusSide& side, const std::string& caller, Moment now) {
+    const auto user = m_state.users.userOf(caller);
+    if (!user) {
+        return;
+    }
+    const auto asking = m_asking.find(*user);
+    if (asking != m_asking.end() && asking->second == caller) {
+        side.authority().drop(caller);
+        m_asking.erase(asking);
+    }
+    m_news.forget(caller);
+    m_state.users.vanish(caller, now);
+}
+
+void CallDesk::vanishAll(Moment now) {
+    m_asking.clear();
+    m_news.forgetAll();
+    m_state.users.vanishAll(now);
+}
+
+void CallDesk::spreadNews(const BusSide& side) {
+    m_news.update([this](const std::string& caller) { return accessOf(caller); },
+                  [&](const std::string& caller, Access access) {
+                      logAccess(m_state.users.userOf(caller).value_or(0), access);
+                      side.tellAccess(caller, access);
+                  });
+}
+
+Access CallDesk::accessOf(const std::string& caller) const {
+    const auto user = m_state.users.userOf(caller);
+    if (!user) {
+        return Access::NotLocal;
+    }
+    return pallistrom::accessOf(
+        *user, m_state.grants.grantOf(*user), m_state.login, m_keys.canMakeKeyboards());
+}
+
+} // namespace pallistrom

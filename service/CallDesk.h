@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "service/AccessNews.h"
+#include "service/KeyControl.h"
+#include "service/ServiceState.h"
+#include "service/bus/BusSide.h"
+
+#include <set>
+#include <string>
+
+namespace pallistrom {
+
+/// Carries out what callers ask for. Each call holds for the user whom the caller belongs to; no
+/// call can name another.
+class CallDesk {
+public:
+    /// `state` and `keys` outlive this. `granted` is called when a person has said yes.
+    CallDesk(ServiceState& state, const KeyControl& keys) : m_state{state}, m_keys{keys} {}
+
+    /// Returns false if there are too many already.
+    [[nodiscard]] bool arrive(const std::string& caller, UserId user);
+
+    /// `side` is where the call came from. `later` is called once an answer has come that was not
+    /// there at once.
+    void carryOut(BusSide& side,
+                  const std::string& caller,
+                  PendingCall call,
+                  const std::function<void()>& later);
+
+    void vanish(BusSide& side, const std::string& caller, Moment now);
+
+    /// The connection is over: all callers have vanished.
+    void vanishAll(Moment now);
+
+    /// Tells callers whose access has changed.
+    void spreadNews(const BusSide& side);
+
+private:
+    [[nodiscard]] KeyboardInterface::Access accessOf(const std::string& caller) const;
+    void requestGrant(BusSide& side,
+                      const std::string& caller,
+                      UserId user,
+                      Reply reply,
+                      const std::function<void()>& later);
+
+    ServiceState& m_state;
+    const KeyControl& m_keys;
+    AccessNews m_news;
+    std::map<UserId, std::string> m_asking; ///< the caller for whom a person is being asked
+};
+
+} // namespace pallistrom

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ChildProcess.h"
+#include "TemporaryFolder.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace pallistrom {
+
+/// A bus of the test's own that everything in this process takes for the system's. Anybody may
+/// connect and own any name. Throws std::runtime_error if it does not come up.
+class SystemBus {
+public:
+    SystemBus();
+    SystemBus(const SystemBus&) = delete;
+    SystemBus& operator=(const SystemBus&) = delete;
+    ~SystemBus();
+
+    /// Ends it as a power cut would.
+    void stop();
+
+    /// Starts it again where it was.
+    void start();
+
+private:
+    TemporaryFolder m_folder;
+    std::optional<ChildProcess> m_process;
+};
+
+} // namespace pallistrom
