@@ -19,6 +19,10 @@ set(PALLISTROM_FRONT_OBJECT "/org/pallistrom/Front1")
 
 set(PALLISTROM_PROGRAM "pallistrom")
 set(PALLISTROM_SERVICE_PROGRAM "pallistromd")
+# Whose process the service is, and whose group /dev/uinput.
+set(PALLISTROM_SERVICE_USER "pallistrom")
+# Below /var/lib.
+set(PALLISTROM_SERVICE_STATE "pallistrom")
 set(PALLISTROM_PACKAGE "pallistrom")
 set(PALLISTROM_SERVICE_PACKAGE "pallistrom-keyboard-service")
 

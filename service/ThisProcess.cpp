@@ -4,9 +4,9 @@
 
 #include "platform/Log.h"
 
+#include <malloc.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <csignal>
@@ -15,13 +15,17 @@ namespace pallistrom::ThisProcess {
 
 void keepToItself() {
     umask(S_IRWXG | S_IRWXO);
-    const rlimit none{.rlim_cur = 0, .rlim_max = 0};
-    if (prctl(PR_SET_DUMPABLE, 0, 0, 0, 0) != 0 || setrlimit(RLIMIT_CORE, &none) != 0) {
+    if (prctl(PR_SET_DUMPABLE, 0, 0, 0, 0) != 0) {
         NSLog("Pallistrom: the keyboard service cannot hide its memory");
     }
 }
 
 void lockMemory() {
+    // What a long message took is given back at once. By default the allocator learns from the
+    // first one to keep so much for ever.
+    constexpr int longest = 128 * 1024;
+    mallopt(M_MMAP_THRESHOLD, longest);
+    mallopt(M_TRIM_THRESHOLD, longest);
     if (mlockall(MCL_CURRENT | MCL_FUTURE | MCL_ONFAULT) != 0) {
         NSLog("Pallistrom: the keyboard service cannot keep itself in memory; keys may wait");
     }
