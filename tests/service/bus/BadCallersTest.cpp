@@ -70,6 +70,20 @@ TEST_F(ServiceRefusal, meetsMoreModifiersThanAKeyboardHas) {
     }
 }
 
+TEST_F(ServiceRefusal, meetsMessagesThatAreHuge) {
+    start();
+    Client client{loop};
+    OwnedMessage message = client.make("SetModifiers");
+    const std::vector<std::uint32_t> zeros(std::size_t{4} * 1024 * 1024);
+    ASSERT_GE(sd_bus_message_append_array(
+                  message.get(), 'u', zeros.data(), zeros.size() * sizeof zeros.front()),
+              0);
+    const auto outcome = client.send(std::move(message));
+    ASSERT_TRUE(loop.runUntil([&] { return outcome->isHere; }));
+    EXPECT_EQ(outcome->error, invalid);
+    EXPECT_EQ(accessOf(client), Access::NotGranted);
+}
+
 TEST_F(ServiceRefusal, leavesOthersTheirRoomAndTheirTime) {
     grantFromBefore(me());
     start();

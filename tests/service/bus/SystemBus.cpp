@@ -22,8 +22,9 @@ constexpr const char* configuration = R"(<!DOCTYPE busconfig PUBLIC
   <auth>EXTERNAL</auth>
   <policy context="default">
     <allow user="*"/>
-    <allow own="*"/>
-    <allow send_type="method_call"/>
+    <deny own="*"/>
+    <deny send_type="method_call"/>
+    <allow send_destination="org.freedesktop.DBus"/>
     <allow send_type="signal"/>
     <allow send_requested_reply="true" send_type="method_return"/>
     <allow send_requested_reply="true" send_type="error"/>
@@ -32,16 +33,31 @@ constexpr const char* configuration = R"(<!DOCTYPE busconfig PUBLIC
     <allow receive_type="error"/>
     <allow receive_type="signal"/>
   </policy>
+  RULES
 </busconfig>
 )";
+
+constexpr const char* everything = R"(<policy context="default">
+    <allow own="*"/>
+    <allow send_type="method_call"/>
+  </policy>)";
 
 } // namespace
 
 SystemBus::SystemBus() {
+    configure(everything);
+}
+
+SystemBus::SystemBus(const std::filesystem::path& policy) {
+    configure("<include>" + policy.string() + "</include>");
+}
+
+void SystemBus::configure(const std::string& rules) {
     // Other users connect as well.
     std::filesystem::permissions(m_folder.path(), std::filesystem::perms{0711});
     std::string text{configuration};
     text.replace(text.find("SOCKET"), 6, (m_folder.path() / "bus").string());
+    text.replace(text.find("RULES"), 5, rules);
     std::ofstream{m_folder.path() / "bus.conf"} << text;
     Environment::set(variable, "unix:path=" + (m_folder.path() / "bus").string());
     start();

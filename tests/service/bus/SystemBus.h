@@ -11,11 +11,17 @@
 
 namespace pallistrom {
 
-/// A bus of the test's own that everything in this process takes for the system's. Anybody may
-/// connect and own any name. Throws std::runtime_error if it does not come up.
+/// A bus of the test's own that everything in this process takes for the system's. Throws
+/// std::runtime_error if it does not come up.
 class SystemBus {
 public:
+    /// Anybody may own any name and call anybody.
     SystemBus();
+
+    /// By default nobody may own a name or call anybody, as on the real one; the file `policy`
+    /// makes exceptions.
+    explicit SystemBus(const std::filesystem::path& policy);
+
     SystemBus(const SystemBus&) = delete;
     SystemBus& operator=(const SystemBus&) = delete;
     ~SystemBus();
@@ -27,6 +33,8 @@ public:
     void start();
 
 private:
+    void configure(const std::string& rules);
+
     TemporaryFolder m_folder;
     std::optional<ChildProcess> m_process;
 };
