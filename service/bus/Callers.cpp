@@ -9,7 +9,7 @@ namespace pallistrom {
 
 namespace {
 
-constexpr const char* bus = "org.freedesktop.DBus";
+constexpr const char* busName = "org.freedesktop.DBus";
 constexpr const char* busObject = "/org/freedesktop/DBus";
 
 } // namespace
@@ -36,9 +36,9 @@ void Callers::add(const std::string& name, PendingCall call) {
     auto caller = std::make_unique<Caller>();
     caller->owner = this;
     caller->name = name;
-    const std::string match = std::string{"type='signal',sender='"} + bus + "',path='" + busObject +
-                              "',interface='" + bus + "',member='NameOwnerChanged',arg0='" + name +
-                              "'";
+    const std::string match = std::string{"type='signal',sender='"} + busName + "',path='" +
+                              busObject + "',interface='" + busName +
+                              "',member='NameOwnerChanged',arg0='" + name + "'";
     const int watched = into(caller->nameWatch, [&](sd_bus_slot** slot) {
         return sd_bus_add_match_async(
             m_bus, slot, match.c_str(), nameChanged, nameWatched, caller.get());
@@ -46,9 +46,9 @@ void Callers::add(const std::string& name, PendingCall call) {
     const int asked = into(caller->question, [&](sd_bus_slot** slot) {
         return sd_bus_call_method_async(m_bus,
                                         slot,
-                                        bus,
+                                        busName,
                                         busObject,
-                                        bus,
+                                        busName,
                                         "GetConnectionUnixUser",
                                         userTold,
                                         caller.get(),
@@ -97,7 +97,7 @@ int Callers::nameChanged(sd_bus_message* message, void* caller, sd_bus_error* /*
     auto& self = *static_cast<Caller*>(caller);
     const char* const sender = sd_bus_message_get_sender(message);
     // The library takes the word of any sender for that of a well-known one.
-    if (sender == nullptr || std::string_view{sender} != bus) {
+    if (sender == nullptr || std::string_view{sender} != busName) {
         return 0;
     }
     self.owner->forget(self);

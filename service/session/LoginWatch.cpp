@@ -12,7 +12,7 @@ namespace pallistrom {
 
 namespace {
 
-constexpr const char* bus = "org.freedesktop.DBus";
+constexpr const char* busName = "org.freedesktop.DBus";
 constexpr const char* busObject = "/org/freedesktop/DBus";
 constexpr const char* manager = "org.freedesktop.login1";
 constexpr const char* managerObject = "/org/freedesktop/login1";
@@ -67,8 +67,16 @@ int LoginWatch::watchOwner() {
                               "member='NameOwnerChanged',arg0='org.freedesktop.login1'",
                               ownerChanged);
     const int asked = into(m_ownerQuestion, [this](sd_bus_slot** slot) {
-        return sd_bus_call_method_async(
-            m_bus, slot, bus, busObject, bus, "GetNameOwner", ownerTold, this, "s", manager);
+        return sd_bus_call_method_async(m_bus,
+                                        slot,
+                                        busName,
+                                        busObject,
+                                        busName,
+                                        "GetNameOwner",
+                                        ownerTold,
+                                        this,
+                                        "s",
+                                        manager);
     });
     return std::min(watched, asked);
 }
@@ -89,7 +97,7 @@ int LoginWatch::ownerChanged(sd_bus_message* signal, void* watch, sd_bus_error* 
     const char* name = nullptr;
     const char* before = nullptr;
     const char* owner = nullptr;
-    if (isFrom(signal, bus) && sd_bus_message_read(signal, "sss", &name, &before, &owner) > 0) {
+    if (isFrom(signal, busName) && sd_bus_message_read(signal, "sss", &name, &before, &owner) > 0) {
         self.m_owner = owner;
         self.lookAgain();
     }
