@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace pallistrom {
@@ -41,6 +42,9 @@ public:
     UpdateUserDriver(const UpdateUserDriver&) = delete;
     UpdateUserDriver& operator=(const UpdateUserDriver&) = delete;
     virtual ~UpdateUserDriver() = default;
+
+    /// Returns a new one that shows windows.
+    [[nodiscard]] static std::unique_ptr<UpdateUserDriver> standardUserDriver();
 
     /// A check that the user asked for has begun.
     virtual void showChecking(std::function<void()> cancel) = 0;
