@@ -46,6 +46,17 @@ set(PALLISTROM_FEED_PUBLIC_KEY
     ""
     CACHE STRING "Ed25519 public key of the update feed, base64")
 
+# Where a package manager keeps the program up to date, the program need not look itself.
+option(PALLISTROM_AUTOMATIC_CHECKS "Look for updates without being asked, until the user says otherwise" ON)
+set(PALLISTROM_CHECK_INTERVAL
+    "86400"
+    CACHE STRING "Seconds between two such checks; an hour at least")
+if(PALLISTROM_AUTOMATIC_CHECKS)
+    set(PALLISTROM_AUTOMATIC_CHECKS_TEXT "true")
+else()
+    set(PALLISTROM_AUTOMATIC_CHECKS_TEXT "false")
+endif()
+
 configure_file("${CMAKE_CURRENT_LIST_DIR}/Names.h.in" "${CMAKE_BINARY_DIR}/include/names/pallistrom/Names.h" @ONLY)
 
 # What links this finds the generated headers.

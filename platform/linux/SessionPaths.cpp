@@ -39,6 +39,14 @@ fs::path configHome() {
     return homeFolder("XDG_CONFIG_HOME", ".config");
 }
 
+fs::path stateHome() {
+    return homeFolder("XDG_STATE_HOME", ".local/state");
+}
+
+fs::path cacheHome() {
+    return homeFolder("XDG_CACHE_HOME", ".cache");
+}
+
 std::vector<fs::path> configFolders() {
     return absolutePathsIn(variable("XDG_CONFIG_DIRS", "/etc/xdg"));
 }

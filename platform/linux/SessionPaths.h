@@ -21,6 +21,12 @@ namespace pallistrom::SessionPaths {
 /// Returns $XDG_CONFIG_HOME.
 [[nodiscard]] std::filesystem::path configHome();
 
+/// Returns $XDG_STATE_HOME.
+[[nodiscard]] std::filesystem::path stateHome();
+
+/// Returns $XDG_CACHE_HOME.
+[[nodiscard]] std::filesystem::path cacheHome();
+
 /// Returns $XDG_CONFIG_DIRS, the first counting most.
 [[nodiscard]] std::vector<std::filesystem::path> configFolders();
 

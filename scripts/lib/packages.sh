@@ -10,7 +10,7 @@ packages_to() {
     case $1 in
     build) # and start the program
         echo cmake g++ ninja-build pkg-config
-        echo libgtest-dev libevdev-dev libsystemd-dev libudev-dev qt6-base-dev qt6-svg-dev
+        echo libgtest-dev libevdev-dev libsodium-dev libsystemd-dev libudev-dev qt6-base-dev qt6-svg-dev
         echo libwayland-dev libxkbcommon-dev libxkbcommon-x11-dev
         echo libxcb1-dev libxcb-sync-dev libxcb-xinput-dev libxcb-xkb-dev libxcb-xtest0-dev
         echo xdotool
@@ -20,7 +20,7 @@ packages_to() {
         ;;
     test) # it, in programs of other toolkits too
         echo libbenchmark-dev libgtk-3-dev libgtk-4-dev tk x11-xkb-utils xserver-xephyr xterm
-        echo at-spi2-core dbus dbus-daemon desktop-file-utils libatspi2.0-dev libglib2.0-bin
+        echo at-spi2-core dbus dbus-daemon desktop-file-utils libatspi2.0-dev libglib2.0-bin openssl
         echo libxcb-damage0-dev strace tint2 xdg-utils xfce4-panel xfce4-terminal
         ;;
     browse) # as the tests do that take long, and look at Wayland; Ubuntu has no browser among its packages

@@ -28,9 +28,9 @@ public:
 
     /// Of ReplaceItself: puts the program that is packed in `archive` in the place of this one, all
     /// of it or none. Returns soon, and later calls `done` once, from the event loop: with an empty
-    /// text if the new version is in place, or else with a sentence that says what stood in the way.
-    /// `archive` stays where it is until then, and is the caller's to remove. No `done` comes any
-    /// more once the installer is destroyed.
+    /// text if the new version is in place, or else with a sentence that says what stood in the
+    /// way. `archive` stays where it is until then, and is the caller's to remove. No `done` comes
+    /// any more once the installer is destroyed.
     virtual void install(const std::filesystem::path& archive,
                          const UpdateOffer& offer,
                          std::function<void(const std::string& problem)> done) = 0;
