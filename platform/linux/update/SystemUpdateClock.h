@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/linux/update/UpdateClock.h"
+
+#include <QSocketNotifier>
+
+#include <functional>
+#include <memory>
+
+namespace pallistrom {
+
+/// The computer's clock. Costs nothing while it waits.
+class SystemUpdateClock final : public UpdateClock {
+public:
+    SystemUpdateClock() = default;
+    ~SystemUpdateClock() override;
+
+    [[nodiscard]] std::int64_t now() const override;
+    void wakeIn(std::chrono::seconds wait, std::function<void()> action) override;
+    void stop() override;
+
+private:
+    void ring();
+
+    std::function<void()> m_action;
+    int m_timer = -1; ///< made by the first wakeIn()
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
+
+} // namespace pallistrom
