@@ -7,6 +7,7 @@
 #include "platform/Workspace.h"
 #include "platform/linux/QtText.h"
 #include "platform/linux/application/DesktopMessages.h"
+#include "platform/linux/application/Successor.h"
 #include "platform/linux/statusitem/MenuActions.h"
 #include "platform/linux/symbols/Drawing.h"
 
@@ -77,11 +78,23 @@ int QtApplication::run() {
     // Asked early: the portal's answer takes a turn of the loop, and is there for the first window.
     static_cast<void>(accessibilityDisplayShouldReduceMotion());
     m_firstTurn.start();
-    return QCoreApplication::exec();
+    const int status = QCoreApplication::exec();
+    if (!m_successor.empty()) {
+        m_sessionBus.release();
+        Successor::start(m_successor);
+        NSLog("Pallistrom: cannot start " + m_successor.string());
+        return EXIT_FAILURE;
+    }
+    return status;
 }
 
 void QtApplication::terminate() {
     QCoreApplication::quit();
+}
+
+void QtApplication::restart(const std::filesystem::path& program) {
+    m_successor = program;
+    terminate();
 }
 
 void QtApplication::finishLaunching() {

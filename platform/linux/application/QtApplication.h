@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QTimer>
 
+#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -30,6 +31,9 @@ public:
     void activateIgnoringOtherApps(bool flag) override;
     int run() override;
     void terminate() override;
+
+    /// Ends as terminate() does, and goes on as `program`, a newer version of this one.
+    void restart(const std::filesystem::path& program);
 
     /// The delegate; null if there is none (any more).
     [[nodiscard]] std::shared_ptr<ApplicationDelegate> delegate() const {
@@ -52,7 +56,8 @@ private:
     SessionBus m_sessionBus;
     QTimer m_firstTurn; ///< fires once, as soon as the loop runs
     std::weak_ptr<ApplicationDelegate> m_delegate;
-    bool m_awaitsFirstRequest; ///< the one for which the bus started the process
+    std::filesystem::path m_successor; ///< empty if there is none
+    bool m_awaitsFirstRequest;         ///< the one for which the bus started the process
 };
 
 /// Returns the one application object. It is a programming error if none was made.

@@ -53,6 +53,12 @@ SessionBus::Place SessionBus::claim(const QByteArray& activationToken) {
     return askOther(activationToken);
 }
 
+void SessionBus::release() {
+    if (auto* const bus = m_connection.interface(); bus != nullptr) {
+        bus->unregisterService(qtText(Names::applicationId));
+    }
+}
+
 SessionBus::Place SessionBus::askOther(const QByteArray& activationToken) {
     QVariantMap platformData;
     if (!activationToken.isEmpty()) {

@@ -33,6 +33,9 @@ public:
     /// come to the front.
     [[nodiscard]] Place claim(const QByteArray& activationToken);
 
+    /// Gives the place up. Once it returns, another process can have it.
+    void release();
+
 private:
     [[nodiscard]] Place askOther(const QByteArray& activationToken);
 

@@ -3,16 +3,8 @@
 #include "platform/linux/application/StartedBy.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace pallistrom {
-
-namespace {
-
-/// Which our service file gives to what it starts. The name is GLib's; others took it over.
-constexpr std::string_view serviceArgument = "--gapplication-service";
-
-} // namespace
 
 StartedBy StartedBy::read(std::span<const char* const> arguments) {
     StartedBy start;

@@ -5,6 +5,7 @@
 #include <QByteArray>
 
 #include <span>
+#include <string_view>
 
 namespace pallistrom {
 
@@ -13,6 +14,9 @@ namespace pallistrom {
 struct StartedBy {
     QByteArray activationToken; ///< what a launcher gave it to show windows with; may be empty
     bool isBusService = false;  ///< the session bus started it, to hand it a call
+
+    /// Which our service file gives to what it starts. The name is GLib's; others took it over.
+    static constexpr std::string_view serviceArgument = "--gapplication-service";
 
     /// Whether somebody asked for the program just now, and did not only log in.
     [[nodiscard]] bool isAskedFor() const { return isBusService || !activationToken.isEmpty(); }

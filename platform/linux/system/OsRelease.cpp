@@ -7,6 +7,7 @@
 
 #include <charconv>
 #include <optional>
+#include <sstream>
 #include <system_error>
 
 namespace pallistrom {
@@ -51,6 +52,8 @@ std::int64_t takeNumber(std::string_view& text) {
 
 OsRelease OsRelease::parse(std::string_view text) {
     OsRelease release;
+    std::string id;
+    std::string related;
     Text::forEachLine(text, [&](std::string_view rawLine) {
         const auto line = Text::trimmed(rawLine);
         const auto equals = line.find('=');
@@ -63,8 +66,17 @@ OsRelease OsRelease::parse(std::string_view text) {
             release.name = *value;
         } else if (key == "VERSION_ID" && value) {
             release.versionId = *value;
+        } else if (key == "ID" && value) {
+            id = *value;
+        } else if (key == "ID_LIKE" && value) {
+            related = *value;
         }
     });
+    // In any order in the file; the words are divided by spaces.
+    std::istringstream words(id + ' ' + related);
+    for (std::string word; words >> word;) {
+        release.families.push_back(word);
+    }
     return release;
 }
 

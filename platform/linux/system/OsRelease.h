@@ -14,7 +14,10 @@ namespace pallistrom {
 /// What the distribution says of itself. Form: os-release(5).
 struct OsRelease {
     std::string name = "Linux"; ///< for people to read
-    std::string versionId;      ///< empty where there are no versions, only updates
+    std::string versionId{};    ///< empty where there are no versions, only updates
+
+    /// What it is and what it was made from, the closest first: "ubuntu", "debian".
+    std::vector<std::string> families{};
 
     /// Reads a text. Lines that are none are skipped.
     [[nodiscard]] static OsRelease parse(std::string_view text);

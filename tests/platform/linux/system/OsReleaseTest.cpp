@@ -11,6 +11,7 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pallistrom {
 
@@ -34,6 +35,12 @@ TEST(OsRelease, saysNameAndVersion) {
                                           "VERSION=\"12 (bookworm)\"\n");
     EXPECT_EQ(release.name, "Debian GNU/Linux");
     EXPECT_EQ(release.versionId, "12");
+}
+
+TEST(OsRelease, saysWhatItWasMadeFrom) {
+    const std::vector<std::string> mint{"linuxmint", "ubuntu", "debian"};
+    EXPECT_EQ(OsRelease::parse("ID_LIKE=\"ubuntu  debian\"\nID=linuxmint\n").families, mint);
+    EXPECT_TRUE(OsRelease::parse("NAME=Other\n").families.empty());
 }
 
 TEST(OsRelease, isReadAsAShellReadsIt) {
