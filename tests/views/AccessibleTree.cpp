@@ -18,6 +18,12 @@ std::string roleName(QAccessible::Role role) {
         return "text";
     case QAccessible::Grouping:
         return "group";
+    case QAccessible::Dialog:
+        return "dialog";
+    case QAccessible::EditableText:
+        return "text field";
+    case QAccessible::ProgressBar:
+        return "progress bar";
     case QAccessible::Client:
     case QAccessible::Window:
     case QAccessible::LayeredPane:
