@@ -21,7 +21,9 @@ constexpr const char* logFile = "pallistrom.log";
 } // namespace
 
 void DesktopTest::start(const std::vector<std::string>& serverArguments) {
-    programFile = Pallistrom::path();
+    if (programFile.empty()) {
+        programFile = Pallistrom::path();
+    }
     const std::string missing = missingPrograms({"Xvfb",
                                                  "openbox",
                                                  "xdotool",
