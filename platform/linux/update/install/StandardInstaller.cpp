@@ -3,6 +3,7 @@
 #include "platform/linux/update/install/StandardInstaller.h"
 
 #include "pallistrom/Names.h"
+#include "platform/Precondition.h"
 #include "platform/Workspace.h"
 #include "platform/linux/ThisProgram.h"
 #include "platform/linux/application/QtApplication.h"
@@ -45,6 +46,7 @@ InstallKind StandardInstaller::kind() const {
 void StandardInstaller::install(const fs::path& archive,
                                 const UpdateOffer& offer,
                                 std::function<void(const std::string& problem)> done) {
+    precondition(kind() == InstallKind::ReplaceItself, "a package replaces itself");
     m_installation = std::make_unique<ArchiveInstallation>(
         ArchiveInstallation::Order{.archive = archive,
                                    .topFolder = m_topFolder,
