@@ -81,7 +81,7 @@ private:
     std::unique_ptr<UpdateUserDriver> m_driver = UpdateUserDriver::standardUserDriver();
     std::map<std::string, std::function<void(const std::string&)>> m_steps{
         {"checking",
-         [this](const auto&) {
+         [this](const auto& /*words*/) {
              m_driver->showChecking(sayCancelled);
          }},
         {"up-to-date",
@@ -93,7 +93,7 @@ private:
              m_driver->showOffer(offerOf(words), sayAnswer);
          }},
         {"download",
-         [this](const auto&) {
+         [this](const auto& /*words*/) {
              m_driver->showDownload(sayCancelled);
          }},
         {"progress",
@@ -101,7 +101,7 @@ private:
              showProgress(words);
          }},
         {"installing",
-         [this](const auto&) {
+         [this](const auto& /*words*/) {
              m_driver->showInstalling();
          }},
         {"installed",
@@ -118,15 +118,15 @@ private:
              m_driver->showFailure(reason);
          }},
         {"front",
-         [this](const auto&) {
+         [this](const auto& /*words*/) {
              say(m_driver->bringToFront() ? "there" : "nothing");
          }},
         {"restart",
-         [](const auto&) {
+         [](const auto& /*words*/) {
              qtApplication().restart(ThisProgram::file());
          }},
         {"dismiss",
-         [this](const auto&) {
+         [this](const auto& /*words*/) {
              m_driver->dismiss();
          }},
     };

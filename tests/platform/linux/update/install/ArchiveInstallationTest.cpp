@@ -249,7 +249,7 @@ TEST_F(ArchiveInstallationTest, leavesNothingIfItIsGivenUp) {
     auto installation = std::make_unique<ArchiveInstallation>(
         ArchiveInstallation::Order{
             .archive = archive, .topFolder = top, .running = "/proc/self/exe", .version = "2.0"},
-        [&](const std::string&) { ++told; });
+        [&](const std::string& /*problem*/) { ++told; });
     ASSERT_TRUE(loop.runUntil([&] {
         return std::distance(fs::directory_iterator(apps), fs::directory_iterator()) == 2;
     }));

@@ -103,7 +103,7 @@ TEST_F(UpdateConversationTest, isOneWindowThatChanges) {
     EXPECT_EQ(headline(), "Downloading Pallistrom 2.0…");
     conversation->showInstalling();
     EXPECT_EQ(headline(), "Installing Pallistrom 2.0…");
-    conversation->showInstalled("2.0", [](bool) {});
+    conversation->showInstalled("2.0", [](bool /*now*/) {});
     EXPECT_EQ(headline(), "Pallistrom 2.0 is installed");
     EXPECT_EQ(window(), first);
     conversation->dismiss();
@@ -172,7 +172,7 @@ TEST_F(UpdateConversationTest, anInstallationGoesOnBehindAClosedWindow) {
     window()->close();
     loop.drain();
     EXPECT_EQ(window(), nullptr);
-    conversation->showInstalled("2.0", [](bool) {});
+    conversation->showInstalled("2.0", [](bool /*now*/) {});
     EXPECT_EQ(headline(), "Pallistrom 2.0 is installed");
 }
 
