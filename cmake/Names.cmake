@@ -35,7 +35,10 @@ set(PALLISTROM_DATA_FOLDER "pallistrom")
 set(PALLISTROM_GNOME_EXTENSION "front@pallistrom.org")
 set(PALLISTROM_CLASSIC_GNOME_EXTENSION "front-classic@pallistrom.org")
 
-# Whoever releases the program sets these three.
+# Whoever releases the program sets these.
+set(PALLISTROM_WEBSITE
+    "https://pallistrom.invalid"
+    CACHE STRING "Home page, without a slash at the end; pictures/ below it has those of docs/pictures")
 set(PALLISTROM_SUPPORT_ADDRESS
     "support@pallistrom.invalid"
     CACHE STRING "Recipient of issue reports")
