@@ -27,6 +27,15 @@ packages_to() {
         echo foot gnome-shell grim kwin-wayland qt6-wayland sway waybar
         [[ $(. /etc/os-release && echo "$ID") == ubuntu ]] || echo chromium
         ;;
+    package) # it
+        echo debhelper dpkg-dev git lintian xz-utils
+        ;;
+    root) # on a bare system, in a folder
+        echo dbus-daemon debootstrap libglib2.0-bin
+        ;;
+    release) # it, signed
+        echo openssl
+        ;;
     check) # the sources
         echo clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev
         echo codespell git shellcheck
