@@ -82,8 +82,8 @@ list_root() {
         prune+=(-path ".$path" -o)
     done < <(ignored_paths)
     (
-        cd "$bareRoot"
+        cd "$bareRoot" || exit
         find . -xdev \( "${prune[@]}" -false \) -prune -o -printf '%y %m %U:%G %p %l\n'
         find . -xdev \( "${prune[@]}" -false \) -prune -o -type f -print0 | xargs -0 sha256sum
-    ) | LC_ALL=C sort -k 4
+    ) | LC_ALL=C sort
 }

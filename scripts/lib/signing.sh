@@ -31,7 +31,7 @@ take_signing_key() {
         [[ $(stat -L -c %a "$file") == ?00 ]] || refuse "others may read $file: chmod 600 it first"
         text=$(cat "$file")
     fi
-    [[ -n $text ]] || refuse 'no key: give it by --key FILE, or in $PALLISTROM_SIGNING_KEY'
+    [[ -n $text ]] || refuse "no key: give it by --key FILE, or in \$PALLISTROM_SIGNING_KEY"
     if [[ $text != *-----BEGIN* ]]; then
         [[ $(base64 -d <<<"$text" 2>/dev/null | wc -c) == 32 ]] || refuse 'the key is neither PEM nor 32 bytes in base64'
         text=$(key_of_seed "$text")
