@@ -18,8 +18,8 @@ source_date() {
 reproducible_tar() {
     local file=$1
     shift
-    LC_ALL=C tar --create --sort=name --format=posix --owner=0 --group=0 --numeric-owner --mode=go=rX,u+rw,a-s \
-        --pax-option=exthdr.name=%d/PaxHeaders/%f,delete=atime,delete=ctime --mtime="@$(source_date)" "$@" |
+    LC_ALL=C tar --create --sort=name --format=ustar --owner=0 --group=0 --numeric-owner --mode=go=rX,u+rw,a-s \
+        --mtime="@$(source_date)" "$@" |
         xz --threads=1 -6 >"$file"
 }
 
