@@ -29,6 +29,7 @@ packages_to() {
         ;;
     package) # it
         echo debhelper dpkg-dev git lintian xz-utils
+        echo libevdev-dev libsodium-dev libsystemd-dev libudev-dev
         ;;
     root) # on a bare system, in a folder
         echo dbus-daemon debootstrap libglib2.0-bin
