@@ -21,6 +21,10 @@ make_bare_tar() {
 
 unpack_bare_root() {
     local archive=$1
+    # Or what is mounted there would go, too.
+    if grep -F " $bareRoot/" /proc/self/mounts; then
+        return 1
+    fi
     rm -rf "$bareRoot"
     mkdir -p "$bareRoot" "$cacheFolder/packages/partial"
     tar -C "$bareRoot" --numeric-owner --xattrs -xf "$archive"
