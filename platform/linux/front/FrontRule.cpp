@@ -9,19 +9,16 @@ namespace pallistrom {
 FrontRule::FrontRule(Classify classify) : m_classify(std::move(classify)) {}
 
 void FrontRule::take(const FrontReport& report) {
-    switch (report.kind) {
-    case FrontReport::Kind::Window:
-        m_last = m_classify(report.window);
-        m_application = m_last;
-        return;
-    case FrontReport::Kind::Nobody:
-        m_application = m_last;
-        return;
-    case FrontReport::Kind::Unknown:
-        m_application =
-            m_last == FrontApplication::KeepsItsKeys ? std::optional(m_last) : std::nullopt;
-        return;
+    m_kind = report.kind;
+    if (report.kind == FrontReport::Kind::Window) {
+        m_last = report.window;
     }
+}
+
+std::optional<FrontApplication> FrontRule::application() const {
+    const auto last = m_last ? m_classify(*m_last) : FrontApplication::TakesEditingKeys;
+    const bool isKnown = m_kind != FrontReport::Kind::Unknown;
+    return isKnown || last == FrontApplication::KeepsItsKeys ? std::optional(last) : std::nullopt;
 }
 
 } // namespace pallistrom

@@ -33,12 +33,13 @@ public:
 
     void take(const FrontReport& report);
 
-    [[nodiscard]] std::optional<FrontApplication> application() const { return m_application; }
+    /// Found anew each time: the user may have said something else of the application since.
+    [[nodiscard]] std::optional<FrontApplication> application() const;
 
 private:
     Classify m_classify;
-    FrontApplication m_last = FrontApplication::TakesEditingKeys; ///< of the last window
-    std::optional<FrontApplication> m_application;
+    FrontReport::Kind m_kind = FrontReport::Kind::Unknown; ///< of the last report
+    std::optional<WindowClass> m_last;                     ///< the last window
 };
 
 } // namespace pallistrom

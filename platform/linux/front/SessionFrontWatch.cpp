@@ -8,11 +8,9 @@
 
 namespace pallistrom {
 
-SessionFrontWatch::SessionFrontWatch(std::function<void()> whenChanged)
-    : m_whenChanged(std::move(whenChanged)), m_rule([this](const WindowClass& window) {
-          return m_keyOwners.includes(window) ? FrontApplication::KeepsItsKeys
-                                              : FrontApplication::TakesEditingKeys;
-      }) {}
+SessionFrontWatch::SessionFrontWatch(FrontRule::Classify classify,
+                                     std::function<void()> whenChanged)
+    : m_whenChanged(std::move(whenChanged)), m_rule(std::move(classify)) {}
 
 void SessionFrontWatch::look() {
     const auto known = std::find_if(m_sources.begin(), m_sources.end(), [](const auto& source) {

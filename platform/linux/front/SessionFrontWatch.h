@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/applications/KeyOwners.h"
 #include "platform/linux/front/FrontRule.h"
 #include "platform/linux/front/FrontSource.h"
 #include "platform/linux/front/FrontWatch.h"
@@ -17,7 +16,8 @@ namespace pallistrom {
 /// tell is believed.
 class SessionFrontWatch final : public FrontWatch {
 public:
-    explicit SessionFrontWatch(std::function<void()> whenChanged);
+    /// `classify` tells what a window is.
+    SessionFrontWatch(FrontRule::Classify classify, std::function<void()> whenChanged);
 
     /// Adds a source that counts less than those before. `make` gets the function that the source
     /// is to call when its report has changed.
@@ -40,7 +40,6 @@ private:
     void sourceChanged();
 
     std::function<void()> m_whenChanged;
-    KeyOwners m_keyOwners{DesktopEntries::ofSession()};
     FrontRule m_rule;
     bool m_isKnown = false;
     WindowClass m_window; ///< the last one

@@ -10,11 +10,7 @@ namespace pallistrom {
 
 X11FrontSource::X11FrontSource(std::unique_ptr<X11Connection> connection,
                                std::function<void()> whenChanged)
-X11FrontWatch::X11FrontWatch(std::unique_ptr<X11Connection> connection,
-                             KindOf kindOf,
-                             std::function<void()> whenChanged)
     : m_connection(std::move(connection)),
-      m_kindOf(std::move(kindOf)),
       m_whenChanged(std::move(whenChanged)),
       m_window(*m_connection),
       m_watch(watchDescriptor(m_connection->descriptor(), [this] { serve(); })) {
@@ -22,12 +18,6 @@ X11FrontWatch::X11FrontWatch(std::unique_ptr<X11Connection> connection,
 }
 
 void X11FrontSource::look() {
-// Found anew each time: the user may have said something else of the application since.
-std::optional<FrontApplication> X11FrontWatch::application() const {
-    return m_connection->isAlive() ? std::optional(m_kindOf(m_window.windowClass())) : std::nullopt;
-}
-
-void X11FrontWatch::look() {
     while (takeX11Events(*m_connection,
                          [this](const auto& event) { return m_window.isChange(event); })) {
         m_window.refresh();
@@ -43,16 +33,11 @@ void X11FrontWatch::look() {
 
 void X11FrontSource::serve() {
     const FrontReport before = m_report;
-}
-
-void X11FrontWatch::serve() {
-    const auto before = application();
     look();
     if (!m_connection->isAlive()) {
         m_watch.reset();
     }
     if (m_report != before) {
-    if (application() != before) {
         m_whenChanged();
     }
 }
