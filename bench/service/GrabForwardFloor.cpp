@@ -16,7 +16,7 @@
 //
 //     grab_forward_floor /dev/input/eventN
 int main(int argc, char** argv) {
-    const int keyboard = argc == 2 ? ::open(argv[1], O_RDWR | O_CLOEXEC) : -1;
+    const int keyboard = argc == 2 ? ::open(argv[1], O_RDWR | O_CLOEXEC | O_NONBLOCK) : -1;
     libevdev* device = nullptr;
     libevdev_uinput* output = nullptr;
     if (keyboard < 0 || libevdev_new_from_fd(keyboard, &device) < 0 ||
@@ -37,6 +37,9 @@ int main(int argc, char** argv) {
     }
     const int out = libevdev_uinput_get_fd(output);
     std::array<input_event, 64> events{};
+    // What was typed before the grab has gone its own way.
+    while (::read(keyboard, events.data(), sizeof(events)) > 0) {
+    }
     while (epoll_wait(waiter, &interest, 1, -1) > 0) {
         const auto size = ::read(keyboard, events.data(), sizeof(events));
         if (size <= 0 || ::write(out, events.data(), static_cast<std::size_t>(size)) != size) {

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <deque>
 #include <exception>
 #include <stdexcept>
 #include <string>
@@ -82,27 +81,28 @@ private:
     Latencies::Time timeOf(std::uint16_t key, std::int32_t value) {
         const auto begin = Clock::now();
         m_keyboard.send(key, value);
-        expectKey();
+        expect(value);
         return Clock::now() - begin;
     }
 
     void burst(std::size_t size, Latencies& latencies) {
-        std::deque<Clock::time_point> begins;
-        for (std::size_t count = 0; count < size; ++count) {
-            for (const std::int32_t value : {1, 0}) {
-                begins.push_back(Clock::now());
-                m_keyboard.send(KEY_A, value);
-            }
+        std::vector<Clock::time_point> begins;
+        for (std::size_t count = 0; count < 2 * size; ++count) {
+            begins.push_back(Clock::now());
+            m_keyboard.send(KEY_A, pressOrRelease(count));
         }
-        for (; !begins.empty(); begins.pop_front()) {
-            expectKey();
-            latencies.add(Clock::now() - begins.front());
+        for (std::size_t count = 0; count < begins.size(); ++count) {
+            expect(pressOrRelease(count));
+            latencies.add(Clock::now() - begins.at(count));
         }
     }
 
-    void expectKey() {
-        if (!m_keyboard.next(patience)) {
-            throw std::runtime_error("a key was lost");
+    static std::int32_t pressOrRelease(std::size_t count) { return count % 2 == 0 ? 1 : 0; }
+
+    void expect(std::int32_t value) {
+        const auto event = m_keyboard.next(patience);
+        if (!event || event->value != value) {
+            throw std::runtime_error(event ? "keys come out of order" : "a key was lost");
         }
     }
 
