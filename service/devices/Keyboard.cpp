@@ -60,7 +60,7 @@ Keyboard::News Keyboard::streamIsIdle() {
 Keyboard::News Keyboard::catchUp() {
     if (m_state != State::Grabbed) {
         // Waiting looks at the device itself, and nothing else is known.
-        return m_state == State::Awaited ? begin() : News::None;
+        return m_state == State::Awaited ? look() : News::None;
     }
     // Asking throws away what has come in, and nothing of that is to be lost, unless it never ends.
     constexpr int readsOfAnyKeyboard = 16;
@@ -85,9 +85,10 @@ void Keyboard::letGoAtOnce() {
 }
 
 Keyboard::News Keyboard::begin() {
-    if (!m_isWanted || !m_device->isReady()) {
-        return News::None;
-    }
+    return m_isWanted && m_device->isReady() ? look() : News::None;
+}
+
+Keyboard::News Keyboard::look() {
     // Before it is asked what is down, so that no change is missed.
     become(State::Awaited);
     const auto down = m_device->startOver();
@@ -131,7 +132,7 @@ Keyboard::News Keyboard::takeAwaited(const KeyboardDevice::Reading& reading) {
     }
     for (const input_event& event : reading.events) {
         if (event.type == EV_SYN && event.code == SYN_DROPPED) {
-            return begin();
+            return look();
         }
         if (event.type == EV_KEY && event.code < KEY_CNT) {
             m_down[event.code] = event.value != 0;

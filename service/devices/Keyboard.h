@@ -72,6 +72,7 @@ private:
     };
 
     News begin();
+    News look();
     News grab();
     News takeAwaited(const KeyboardDevice::Reading& reading);
     News takeGrabbed(const KeyboardDevice::Reading& reading);
