@@ -194,9 +194,7 @@ void KeyStream::deliver(KeyboardNumber number, EvdevCode key, KeyAction action) 
         const VerdictChords verdict(m_filter->ask({.keyCode = *keyCode,
                                                    .flags = m_delivery.flags(),
                                                    .isDown = action != KeyAction::Release}),
-                                    m_front == FrontApplication::EditsBySelection
-                                        ? EditingStyle::BySelection
-                                        : EditingStyle::ByWord);
+                                    m_front);
         m_delivery.handle(key, action, verdict.replacement(), sender, m_steps);
     } else {
         m_delivery.handle(key, action, std::nullopt, sender, m_steps);
