@@ -37,6 +37,9 @@ packages_to() {
     release) # it, signed
         echo openssl
         ;;
+    emulate) # a machine with keyboards, and a desktop in it
+        echo dbus-daemon grim polkitd python3 python3-dbusmock qemu-system-x86 seatd sway
+        ;;
     check) # the sources
         echo clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev
         echo codespell git shellcheck
