@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Pallistrom authors
 // SPDX-License-Identifier: MIT
-#include "CheckedDelivery.h"
-#include "DeliveryScript.h"
 #include "ScriptCase.h"
+#include "expectOutput.h"
 
 #include <gtest/gtest.h>
 
@@ -100,13 +99,9 @@ class KeyDeliveryTable : public testing::TestWithParam<ScriptCase> {};
 
 TEST_P(KeyDeliveryTable, isTrue) {
     ASSERT_FALSE(GetParam().in.empty()) << "there is no arrow behind what goes in";
-    CheckedScript script{.setup = {}, .inputs = DeliveryScript::parse(GetParam().in)};
-    if (GetParam().name.starts_with(nameFrom(tappedTitle))) {
-        script.setup.rewritten = KeyDelivery::Rewritten::Tapped;
-    }
-    EXPECT_EQ(script.output(), GetParam().out);
-    EXPECT_FALSE(script.broken()) << script.report();
-    EXPECT_TRUE(script.leavesNothingDown());
+    const bool isTapped = GetParam().name.starts_with(nameFrom(tappedTitle));
+    expectDelivery(GetParam(),
+                   isTapped ? KeyDelivery::Rewritten::Tapped : KeyDelivery::Rewritten::Held);
 }
 
 INSTANTIATE_TEST_SUITE_P(, KeyDeliveryTable, testing::ValuesIn(table()), nameOf);

@@ -4,6 +4,7 @@
 
 #include "ScriptCase.h"
 #include "ScriptedSession.h"
+#include "expectOutput.h"
 
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>

@@ -1,12 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Pallistrom authors
 // SPDX-License-Identifier: MIT
-#include "CheckedDelivery.h"
-#include "DeliveryScript.h"
 #include "ScriptCase.h"
+#include "expectOutput.h"
 
 #include <gtest/gtest.h>
-
-#include <string>
 
 namespace pallistrom {
 
@@ -17,10 +14,7 @@ namespace {
 class NoMoreEver : public testing::TestWithParam<ScriptCase> {};
 
 TEST_P(NoMoreEver, ofThis) {
-    const CheckedScript script{.setup = {}, .inputs = DeliveryScript::parse(GetParam().in)};
-    EXPECT_EQ(script.output(), GetParam().out);
-    EXPECT_FALSE(script.broken()) << script.report();
-    EXPECT_TRUE(script.leavesNothingDown());
+    expectDelivery(GetParam(), KeyDelivery::Rewritten::Held);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -4,6 +4,7 @@
 
 #include "ScriptCase.h"
 #include "ScriptedSession.h"
+#include "expectOutput.h"
 #include "platform/linux/keys/EditingKeys.h"
 
 #include <gtest/gtest.h>

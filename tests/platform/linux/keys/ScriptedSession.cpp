@@ -5,8 +5,6 @@
 #include "CatalogueVerdict.h"
 #include "platform/linux/keys/KeyMap.h"
 
-#include <gtest/gtest.h>
-
 namespace pallistrom {
 
 ScriptedSession::ScriptedSession(KeyDelivery::Rewritten rewritten, const ModifierTable& table)
@@ -36,12 +34,6 @@ void ScriptedSession::put(const KeyScript::Event& event) {
                                                     .flags = delivery.flags(),
                                                     .isDown = event.action != KeyAction::Release});
     delivery.handle(event.key, event.action, verdict.replacement(), sender, m_steps);
-}
-
-void expectOutput(const ScriptCase& c, KeyDelivery::Rewritten rewritten) {
-    ScriptedSession session(rewritten);
-    EXPECT_EQ(session.play(c.in), c.out);
-    EXPECT_EQ(session.letGo(), "") << "left down";
 }
 
 } // namespace pallistrom

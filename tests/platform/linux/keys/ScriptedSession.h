@@ -3,7 +3,6 @@
 #pragma once
 
 #include "KeyScript.h"
-#include "ScriptCase.h"
 #include "platform/linux/keys/KeyDelivery.h"
 #include "platform/linux/keys/ModifierTable.h"
 
@@ -39,9 +38,5 @@ private:
 
     std::vector<OutputStep> m_steps;
 };
-
-/// Plays the script of `c` in a session of its own: it is to show what `c` says, and to leave
-/// nothing down.
-void expectOutput(const ScriptCase& c, KeyDelivery::Rewritten rewritten);
 
 } // namespace pallistrom
