@@ -6,6 +6,7 @@
 #include "platform/linux/VerdictChords.h"
 #include "service/devices/DeviceClass.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pallistrom {
@@ -130,7 +131,8 @@ void KeyStream::moveToOther(EvdevCode key) {
 
 void KeyStream::letGo() {
     m_delivery.releaseAll(m_steps);
-    sendSteps(nowhere, std::nullopt);
+    // What hides a lone Alt or Super is shown beside it.
+    sendSteps(anyHolder(), std::nullopt);
     for (KeyboardNumber number = 0; number < mostKeyboards; ++number) {
         Keyboard& keyboard = m_keyboards.at(number);
         forEachKey(keyboard.held, [&](EvdevCode key) {
@@ -291,6 +293,14 @@ KeyboardNumber KeyStream::place(const OutputStep& step, KeyboardNumber cause) {
         m_holders.at(step.key) > 0 && (cause == nowhere || !m_keyboards.at(cause).held[step.key]);
     shownOn = isHeldByOthers ? holderOf(step.key) : cause;
     return shownOn;
+}
+
+KeyboardNumber KeyStream::anyHolder() const {
+    const auto* const found =
+        std::find_if(m_keyboards.begin(), m_keyboards.end(), [](const Keyboard& keyboard) {
+            return keyboard.held.any();
+        });
+    return static_cast<KeyboardNumber>(found - m_keyboards.begin());
 }
 
 KeyboardNumber KeyStream::holderOf(EvdevCode key) const {

@@ -83,6 +83,7 @@ private:
     /// Returns where `step` is shown.
     KeyboardNumber place(const OutputStep& step, KeyboardNumber cause);
     [[nodiscard]] KeyboardNumber holderOf(EvdevCode key) const;
+    [[nodiscard]] KeyboardNumber anyHolder() const;
 
     static constexpr KeyboardNumber nowhere = mostKeyboards;
 
