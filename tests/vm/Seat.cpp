@@ -122,6 +122,17 @@ std::vector<std::filesystem::path> Seat::nodes() {
     return result;
 }
 
+std::string Seat::keysDown() {
+    const std::lock_guard lock{m_mutex};
+    std::string text;
+    for (const SeatKeyboard& device : m_devices) {
+        forEachKey(device.down(), [&](EvdevCode key) {
+            text += KeyScript::nameOf(key) + " of " + device.node().string() + " ";
+        });
+    }
+    return text;
+}
+
 bool Seat::hasMissedSome() {
     const std::lock_guard lock{m_mutex};
     return m_hasMissedSome;

@@ -41,6 +41,10 @@ public:
     /// The devices that are there now.
     [[nodiscard]] std::vector<std::filesystem::path> nodes();
 
+    /// The keys that the session takes for pressed now, forgotten or not, each with the device on
+    /// which it is; nothing if none is.
+    [[nodiscard]] std::string keysDown();
+
     /// Whether events have gone by unread: then nothing of what was seen means anything.
     [[nodiscard]] bool hasMissedSome();
 

@@ -38,6 +38,9 @@ public:
     /// down on one that is gone has been released.
     bool read(std::vector<SeenEvent>& events);
 
+    /// The keys that are down on it, as far as it was read.
+    [[nodiscard]] const KeySet& down() const { return m_down; }
+
     /// Whether the device has sent more than was read in time.
     [[nodiscard]] bool hasOverflowed() const { return m_hasOverflowed; }
 

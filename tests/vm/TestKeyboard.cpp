@@ -67,6 +67,7 @@ TestKeyboard::TestKeyboard(const Description& description) {
 }
 
 void TestKeyboard::send(EvdevCode key, KeyAction action) {
+    m_down[key] = action == KeyAction::Press || (m_down[key] && action == KeyAction::Repeat);
     switch (action) {
     case KeyAction::Press:
         sendEvent(EV_KEY, key, 1);
@@ -83,6 +84,10 @@ void TestKeyboard::send(EvdevCode key, KeyAction action) {
 void TestKeyboard::tap(EvdevCode key) {
     press(key);
     release(key);
+}
+
+void TestKeyboard::releaseAll() {
+    forEachKey(m_down, [this](EvdevCode key) { release(key); });
 }
 
 void TestKeyboard::sendEvent(std::uint16_t type, std::uint16_t code, std::int32_t value) {

@@ -45,6 +45,9 @@ public:
 
     void tap(EvdevCode key);
 
+    /// Sends the releases of all keys that are down.
+    void releaseAll();
+
     /// Sends any event, such as the movement of a pointer, on its own.
     void sendEvent(std::uint16_t type, std::uint16_t code, std::int32_t value);
 
@@ -57,6 +60,7 @@ private:
     };
 
     std::unique_ptr<libevdev_uinput, Unplug> m_device;
+    KeySet m_down;
 };
 
 } // namespace pallistrom::vm
