@@ -11,14 +11,22 @@
 
 namespace pallistrom {
 
+namespace {
+
+// Never destroyed, like the other way: that would be after what Qt keeps in global objects, which
+// some need for that.
+ServiceTap& serviceTap() {
+    static auto* const tap = new ServiceTap(keyboardService());
+    return *tap;
+}
+
+} // namespace
+
 std::span<TapWay* const> tapWays() {
-    // Never destroyed: that would be after what Qt keeps in global objects, which some need for
-    // that.
-    static auto* const serviceTap = new ServiceTap(keyboardService());
     static auto* const x11Tap = new X11Tap([](const WindowClass& window) {
         return ApplicationKinds::ofSession().kindOfFront(window);
     });
-    static const std::array<TapWay*, 2> ways{serviceTap, x11Tap};
+    static const std::array<TapWay*, 2> ways{&serviceTap(), x11Tap};
     return ways;
 }
 
@@ -35,6 +43,10 @@ std::optional<Obstacle> obstacleOfSession() {
         }
     }
     return first;
+}
+
+bool knowsWhoIsInFront() {
+    return serviceTap().knowsWhoIsInFront();
 }
 
 } // namespace pallistrom

@@ -16,4 +16,8 @@ std::span<TapWay* const> tapWays();
 /// be taken.
 std::optional<Obstacle> obstacleOfSession();
 
+/// Returns whether the way that is taken can tell which application is in front, so that terminals
+/// keep their keys.
+bool knowsWhoIsInFront();
+
 } // namespace pallistrom

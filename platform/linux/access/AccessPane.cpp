@@ -8,6 +8,9 @@
 #include "platform/linux/access/AccessText.h"
 #include "platform/linux/access/GrantSwitch.h"
 #include "platform/linux/access/StatusDot.h"
+#include "platform/linux/applications/window/ApplicationsWindow.h"
+#include "platform/linux/front/FrontAdvice.h"
+#include "platform/linux/front/GnomeExtension.h"
 #include "platform/linux/keyboardservice/KeyboardService.h"
 #include "platform/linux/keyboardservice/SessionService.h"
 
@@ -18,6 +21,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QPointer>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -49,14 +53,15 @@ void makeBold(QLabel& label) {
 
 } // namespace
 
-AccessPane::AccessPane(KeyboardService& service,
-                       std::function<std::optional<Obstacle>()> findObstacle)
+AccessPane::AccessPane(KeyboardService& service, Questions questions)
     : m_service(service),
-      m_findObstacle(std::move(findObstacle)),
+      m_questions(std::move(questions)),
       m_switch(new GrantSwitch(this)),
       m_dot(new StatusDot(this)),
       m_headline(makeLabel(this, QStringLiteral("headline"))),
-      m_explanation(makeLabel(this, QStringLiteral("explanation"))) {
+      m_explanation(makeLabel(this, QStringLiteral("explanation"))),
+      m_advice(makeLabel(this, QStringLiteral("advice"))),
+      m_switchOnExtension(new QPushButton(QStringLiteral("Switch On the Extension"), this)) {
     using namespace std::chrono_literals;
     setWindowTitle(QStringLiteral("Accessibility Access"));
     auto* const column = new QVBoxLayout(this);
@@ -75,6 +80,8 @@ AccessPane::AccessPane(KeyboardService& service,
     connect(m_switch, &QAbstractButton::clicked, this, [this] { clicked(); });
     look();
 }
+
+AccessPane::~AccessPane() = default;
 
 void AccessPane::addApplication(QVBoxLayout& column) {
     auto* const icon = new QLabel(this);
@@ -108,19 +115,27 @@ void AccessPane::addStatus(QVBoxLayout& column) {
     row->addWidget(m_headline, 1);
     column.addLayout(row);
     column.addWidget(m_explanation);
+    column.addWidget(m_advice);
+    column.addWidget(m_switchOnExtension, 0, Qt::AlignLeft);
+    connect(m_switchOnExtension, &QPushButton::clicked, this, [this] { m_extension->switchOn(); });
     column.addSpacing(largeSpace - smallSpace);
 }
 
 void AccessPane::addButtons(QVBoxLayout& column) {
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
+    auto* const applications =
+        buttons->addButton(QStringLiteral("Applications…"), QDialogButtonBox::ActionRole);
+    connect(applications, &QPushButton::clicked, this, [] { ApplicationsWindow::present(); });
     column.addWidget(buttons);
 }
 
 void AccessPane::present() {
     static QPointer<AccessPane> pane;
     if (!pane) {
-        pane = new AccessPane(keyboardService(), obstacleOfSession);
+        pane = new AccessPane(keyboardService(),
+                              {.findObstacle = obstacleOfSession,
+                               .knowsWhoIsInFront = pallistrom::knowsWhoIsInFront});
         pane->setAttribute(Qt::WA_DeleteOnClose);
     }
     if (pane->isVisible()) {
@@ -162,7 +177,7 @@ void AccessPane::clicked() {
 }
 
 void AccessPane::look() {
-    const AccessState state{.session = m_findObstacle(),
+    const AccessState state{.session = m_questions.findObstacle(),
                             .service = m_service.obstacle(),
                             .request = m_service.request()};
     const AccessText text = AccessText::about(state);
@@ -174,6 +189,22 @@ void AccessPane::look() {
                          state.service == Obstacle::Panicked);
     m_switch->setAccessibleDescription(m_headline->text() + QStringLiteral(". ") +
                                        m_explanation->text());
+    advise();
+}
+
+// Of no interest where keys are not filtered.
+void AccessPane::advise() {
+    const bool isAmiss = !m_service.obstacle() && !m_questions.knowsWhoIsInFront();
+    if (isAmiss && !m_extension) {
+        m_extension =
+            std::make_unique<GnomeExtension>(QDBusConnection::sessionBus(), [this] { advise(); });
+    }
+    const FrontAdvice advice =
+        isAmiss ? FrontAdvice::about(FrontAdvice::Knowledge::Unknown, m_extension->state())
+                : FrontAdvice{};
+    m_advice->setText(qtText(advice.text));
+    m_advice->setVisible(!advice.text.empty());
+    m_switchOnExtension->setVisible(advice.offersTheExtension);
 }
 
 } // namespace pallistrom

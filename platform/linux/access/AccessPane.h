@@ -8,14 +8,17 @@
 #include <QTimer>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 class QDialogButtonBox;
 class QLabel;
+class QPushButton;
 class QVBoxLayout;
 
 namespace pallistrom {
 
+class GnomeExtension;
 class GrantSwitch;
 class KeyboardService;
 class StatusDot;
@@ -29,9 +32,19 @@ class AccessPane final : public QDialog {
     Q_OBJECT
 
 public:
-    /// `findObstacle` tells what keeps keys from being filtered here, if anything. Called on the
-    /// main thread. `service` outlives the pane.
-    AccessPane(KeyboardService& service, std::function<std::optional<Obstacle>()> findObstacle);
+    /// What the pane asks again and again. Called on the main thread.
+    struct Questions {
+        /// What keeps keys from being filtered here, if anything.
+        std::function<std::optional<Obstacle>()> findObstacle;
+        /// Whether terminals can be told from other applications.
+        std::function<bool()> knowsWhoIsInFront = [] {
+            return true;
+        };
+    };
+
+    /// `service` outlives the pane.
+    AccessPane(KeyboardService& service, Questions questions);
+    ~AccessPane() override;
 
     /// Opens the one pane of this session's keys, or brings it to the front.
     static void present();
@@ -50,13 +63,17 @@ private:
     void opened();
     void clicked();
     void look();
+    void advise();
 
     KeyboardService& m_service;
-    std::function<std::optional<Obstacle>()> m_findObstacle;
+    Questions m_questions;
     GrantSwitch* m_switch; ///< these belong to the window, as its children
     StatusDot* m_dot;
     QLabel* m_headline;
     QLabel* m_explanation;
+    QLabel* m_advice;
+    QPushButton* m_switchOnExtension;
+    std::unique_ptr<GnomeExtension> m_extension; ///< once it could be of help
     QTimer m_timer;
 };
 

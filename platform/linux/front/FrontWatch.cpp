@@ -27,6 +27,10 @@ std::unique_ptr<FrontWatch> FrontWatch::ofSession(std::function<void()> whenChan
     if (WaylandClient::isWaylandSession()) {
         watch->addSource(
             [](auto changed) { return std::make_unique<ToplevelSource>(std::move(changed)); });
+        watch->addSource([](auto changed) {
+            return std::make_unique<BusFrontSource>(QDBusConnection::sessionBus(),
+                                                    std::move(changed));
+        });
     }
     return watch;
 }

@@ -43,6 +43,9 @@ public:
 
     void filterChanged() override { mirror(); }
 
+    /// Returns whether the service is told who is in front, as far as it has to be told.
+    [[nodiscard]] bool knowsWhoIsInFront() const { return !m_front || m_front->isKnown(); }
+
 private:
     /// What the service is told. A missing part has not been told.
     struct Told {

@@ -2,11 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/access/AccessPane.h"
 
+#include "Environment.h"
+#include "TemporaryFolder.h"
 #include "keyboardservice/FakeKeyboardService.h"
 #include "platform/linux/access/GrantSwitch.h"
 #include "workspace/WindowLoop.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
+#include <QApplication>
+#include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -14,6 +19,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -52,10 +58,17 @@ protected:
     std::optional<Obstacle> obstacle = Obstacle::NotGranted;
     FakeKeyboardService service;
     int looks = 0;
-    AccessPane pane{service, [this] {
-                        ++looks;
-                        return obstacle;
-                    }};
+    bool knowsFront = true;
+    AccessPane pane{service,
+                    {.findObstacle =
+                         [this] {
+                             ++looks;
+                             return obstacle;
+                         },
+                     .knowsWhoIsInFront =
+                         [this] {
+                             return knowsFront;
+                         }}};
 };
 
 // --- What it says.
@@ -244,10 +257,38 @@ TEST_F(AccessPaneTest, showsAllOfEachText) {
 
 TEST_F(AccessPaneTest, isClosedByItsButton) {
     open();
-    const auto buttons = pane.findChildren<QPushButton*>();
-    ASSERT_EQ(buttons.size(), 1);
-    buttons.front()->click();
+    pane.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Close)->click();
     EXPECT_FALSE(pane.isVisible());
+}
+
+// --- Applications.
+
+TEST_F(AccessPaneTest, leadsToTheApplicationsThatAreLeftAlone) {
+    const TemporaryFolder home;
+    Environment::set("XDG_CONFIG_HOME", home.path().string());
+    open();
+    for (QAbstractButton* const button : pane.findChild<QDialogButtonBox*>()->buttons()) {
+        if (button->text() == QStringLiteral("Applications…")) {
+            button->click();
+        }
+    }
+    const auto windows = QApplication::topLevelWidgets();
+    const auto shown = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->windowTitle() == QStringLiteral("Applications") && window->isVisible();
+    });
+    ASSERT_NE(shown, windows.end());
+    delete *shown;
+}
+
+TEST_F(AccessPaneTest, saysWhereTerminalsCannotBeToldApart) {
+    knowsFront = false;
+    open();
+    EXPECT_EQ(text("advice"), "") << "keys are not filtered anyway";
+    say(std::nullopt);
+    EXPECT_THAT(text("advice"), HasSubstr("Terminals cannot be told apart"));
+    knowsFront = true;
+    say(std::nullopt);
+    EXPECT_EQ(text("advice"), "");
 }
 
 } // namespace

@@ -5,12 +5,14 @@
 #include "platform/linux/access/AccessPane.h"
 #include "platform/linux/access/GrantSwitch.h"
 #include "platform/linux/application/DarkPalette.h"
+#include "platform/linux/applications/window/ApplicationsWindow.h"
 #include "platform/linux/symbols/Drawing.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
 #include <QPixmap>
+#include <QTemporaryDir>
 
 #include <cstdio>
 #include <optional>
@@ -40,6 +42,8 @@ public:
         save(look, "panicked", Obstacle::Panicked, Obstacle::Panicked);
         saveAnswer(look, "asking", {});
         saveAnswer(look, "no-agent", GrantAnswer::NoAgent);
+        saveUnknownFront(look);
+        saveApplications(look);
     }
 
 private:
@@ -49,7 +53,9 @@ private:
               std::optional<Obstacle> service) {
         FakeKeyboardService said;
         said.say(service);
-        AccessPane pane(said, [session] { return session; });
+        AccessPane pane(said, {.findObstacle = [session] {
+                            return session;
+                        }});
         grab(pane, look, name);
     }
 
@@ -59,13 +65,40 @@ private:
         if (answer) {
             service.close(answer);
         }
-        AccessPane pane(service, [] { return Obstacle::NotGranted; });
+        AccessPane pane(service, {.findObstacle = [] {
+                            return Obstacle::NotGranted;
+                        }});
         pane.show();
         pane.findChild<GrantSwitch*>()->setFocus(Qt::TabFocusReason);
         grab(pane, look, name);
     }
 
-    void grab(AccessPane& pane, const QString& look, const char* name) {
+    void saveUnknownFront(const QString& look) {
+        FakeKeyboardService service;
+        service.say(std::nullopt);
+        AccessPane pane(service,
+                        {.findObstacle = [] { return std::optional<Obstacle>(); },
+                         .knowsWhoIsInFront =
+                             [] {
+                                 return false;
+                             }});
+        grab(pane, look, "unknown-front");
+    }
+
+    void saveApplications(const QString& look) {
+        const QTemporaryDir folder;
+        ApplicationChoices choices(folder.path());
+        choices.setLeftAlone("gimp", true);
+        choices.setLeftAlone("org.inkscape.Inkscape", true);
+        ApplicationKinds kinds(DesktopEntries({}), choices);
+        for (const std::string name : {"Gimp", "Tk", "firefox", "Emacs", "foot"}) {
+            static_cast<void>(kinds.kindOfFront({.instance = name, .name = name}));
+        }
+        ApplicationsWindow window(kinds);
+        grab(window, look, "applications");
+    }
+
+    void grab(QWidget& pane, const QString& look, const char* name) {
         pane.show();
         QApplication::processEvents();
         const QString file =
