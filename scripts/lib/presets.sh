@@ -4,6 +4,12 @@
 
 # A preset's way from the sources to the outcome of its tests. To be sourced after common.sh.
 
+# Where ccache is installed, nothing is compiled twice, in whichever folder the sources lie.
+if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER:-ccache}
+    export CCACHE_BASEDIR=${CCACHE_BASEDIR:-$PWD} CCACHE_NOHASHDIR=${CCACHE_NOHASHDIR:-1}
+fi
+
 # Leaves out what is built without a word.
 run_build() {
     cmake --build "$@" | sed -E '/^\[[0-9]+\/[0-9]+\] /d'

@@ -10,8 +10,11 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPointer>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -26,6 +29,31 @@ constexpr int heightInLines = 36;
 constexpr int nameColumn = 0;
 constexpr int reasonColumn = 1;
 constexpr int applicationRole = Qt::UserRole;
+
+/// Draws a frame around the place of a tick. Styles draw one that cannot be seen on a dark ground.
+class TickDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter,
+               const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        if (!index.data(Qt::CheckStateRole).isValid()) {
+            return;
+        }
+        QStyleOptionViewItem item = option;
+        initStyleOption(&item, index);
+        const QRect place = item.widget->style()->subElementRect(
+            QStyle::SE_ItemViewItemCheckIndicator, &item, item.widget);
+        constexpr float faintness = 0.4F;
+        QColor colour = item.palette.color(QPalette::Text);
+        colour.setAlphaF(faintness);
+        painter->setPen(colour);
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(place.adjusted(0, 0, -1, -1));
+    }
+};
 
 } // namespace
 
@@ -49,6 +77,7 @@ ApplicationsWindow::ApplicationsWindow(ApplicationKinds& kinds)
     m_list->header()->setSectionResizeMode(nameColumn, QHeaderView::ResizeToContents);
     m_list->header()->setSectionsMovable(false);
     m_list->setUniformRowHeights(true);
+    m_list->setItemDelegate(new TickDelegate(m_list));
     connect(m_list, &QTreeWidget::itemChanged, this, [this](const QTreeWidgetItem* item) {
         choose(*item);
     });
