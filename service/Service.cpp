@@ -141,7 +141,7 @@ void Service::updateOnce() {
     const std::string status = m_filter.status();
     m_filter.update();
     if (m_isReady && m_filter.status() != status) {
-        m_watchdog.tell(m_filter.status());
+        Watchdog::tell(m_filter.status());
     }
     m_watchdog.setGrabbing(m_keys.isGrabbing());
     if (m_side) {

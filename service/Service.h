@@ -32,6 +32,8 @@ public:
     /// `loop`, `keys` and `tap` outlive this; `keys` reports to nobody else.
     Service(sd_event* loop, KeyControl& keys, EventTapController& tap, GrantFile grants);
     ~Service() override;
+    Service(const Service&) = delete;
+    Service& operator=(const Service&) = delete;
 
     /// Goes to the bus.
     void start();

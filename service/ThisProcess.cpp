@@ -24,8 +24,10 @@ void lockMemory() {
     // What a long message took is given back at once. By default the allocator learns from the
     // first one to keep so much for ever.
     constexpr int longest = 128 * 1024;
+    // NOLINTBEGIN(concurrency-mt-unsafe): there is one thread
     mallopt(M_MMAP_THRESHOLD, longest);
     mallopt(M_TRIM_THRESHOLD, longest);
+    // NOLINTEND(concurrency-mt-unsafe)
     if (mlockall(MCL_CURRENT | MCL_FUTURE | MCL_ONFAULT) != 0) {
         NSLog("Pallistrom: the keyboard service cannot keep itself in memory; keys may wait");
     }
@@ -36,7 +38,7 @@ bool endWithSignals(sd_event* loop) {
     sigemptyset(&signals);
     sigaddset(&signals, SIGTERM);
     sigaddset(&signals, SIGINT);
-    return sigprocmask(SIG_BLOCK, &signals, nullptr) == 0 &&
+    return pthread_sigmask(SIG_BLOCK, &signals, nullptr) == 0 &&
            sd_event_add_signal(loop, nullptr, SIGTERM, nullptr, nullptr) >= 0 &&
            sd_event_add_signal(loop, nullptr, SIGINT, nullptr, nullptr) >= 0;
 }

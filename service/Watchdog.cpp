@@ -31,12 +31,8 @@ void Watchdog::ready(const std::string& status) {
     notify("READY=1\nSTATUS=" + status + (isWatched ? "\nWATCHDOG_USEC=0" : ""));
 }
 
-void Watchdog::tell(const std::string& status) const {
+void Watchdog::tell(const std::string& status) {
     notify("STATUS=" + status);
-}
-
-void Watchdog::stopping() const {
-    notify("STOPPING=1");
 }
 
 void Watchdog::setGrabbing(bool isGrabbing) {

@@ -20,12 +20,12 @@ public:
     /// `loop` outlives this.
     explicit Watchdog(sd_event* loop);
 
+    ~Watchdog() = default;
     Watchdog(const Watchdog&) = delete;
     Watchdog& operator=(const Watchdog&) = delete;
 
     void ready(const std::string& status);
-    void tell(const std::string& status) const;
-    void stopping() const;
+    static void tell(const std::string& status);
 
     /// Whether there are keyboards in our hands.
     void setGrabbing(bool isGrabbing);

@@ -8,7 +8,9 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <cstdio>
+#include <thread>
 
 // The least that anybody can do who stands between a keyboard and the session: waits for what a
 // keyboard sends, and passes it on. It is what the service is measured against, and no more: it
@@ -25,7 +27,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     // For whoever measures, to open the output.
-    ::sleep(1);
+    std::this_thread::sleep_for(std::chrono::seconds{1});
 
     const int waiter = epoll_create1(EPOLL_CLOEXEC);
     epoll_event interest{};

@@ -24,6 +24,7 @@ std::ifstream processFile(pid_t process, const char* name) {
 
 MeasuredService::MeasuredService(std::vector<std::string> command) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (std::string& argument : command) {
         arguments.push_back(argument.data());
     }

@@ -66,6 +66,7 @@ bool TestKeyboard::findOutput(std::chrono::seconds patience) {
 int TestKeyboard::openOutput() const {
     const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder), closedir);
     const std::string own = path();
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody else reads from this stream
     while (const dirent* const entry = entries ? readdir(entries.get()) : nullptr) {
         const std::string node = std::string(folder) + '/' + std::data(entry->d_name);
         const int descriptor = node == own || !node.starts_with("/dev/input/event")

@@ -25,6 +25,7 @@ public:
     /// may not destroy this.
     BusGuard(sd_event* loop, sd_bus* bus, int priority, std::function<void()> lost);
 
+    ~BusGuard() = default;
     BusGuard(const BusGuard&) = delete;
     BusGuard& operator=(const BusGuard&) = delete;
 

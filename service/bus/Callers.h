@@ -45,6 +45,7 @@ public:
     /// `bus` outlives this.
     Callers(sd_bus* bus, Receiver receiver) : m_bus{bus}, m_receiver{std::move(receiver)} {}
 
+    ~Callers() = default;
     Callers(const Callers&) = delete;
     Callers& operator=(const Callers&) = delete;
 

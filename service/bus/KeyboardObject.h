@@ -19,6 +19,7 @@ public:
 
     explicit KeyboardObject(Called called) : m_called{std::move(called)} {}
 
+    ~KeyboardObject() = default;
     KeyboardObject(const KeyboardObject&) = delete;
     KeyboardObject& operator=(const KeyboardObject&) = delete;
 

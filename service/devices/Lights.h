@@ -12,7 +12,7 @@ namespace pallistrom {
 
 /// The lights of a keyboard and of the virtual one that stands in for it, which are to show the
 /// same whoever switches them. The kernel tells everybody of each change, its maker too: taken for
-/// news and passed on, such an echo could go to and fro for ever.
+/// news and passed on, such an echo could go back and forth for ever.
 class Lights {
 public:
     using Lit = std::bitset<LED_CNT>;

@@ -25,6 +25,7 @@ public:
     /// `bus` outlives this.
     explicit Authority(sd_bus* bus) : m_bus{bus} {}
 
+    ~Authority() = default;
     Authority(const Authority&) = delete;
     Authority& operator=(const Authority&) = delete;
 

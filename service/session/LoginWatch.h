@@ -21,6 +21,7 @@ public:
     /// changed.
     LoginWatch(sd_bus* bus, std::function<void(const LoginState&)> looked);
 
+    ~LoginWatch() = default;
     LoginWatch(const LoginWatch&) = delete;
     LoginWatch& operator=(const LoginWatch&) = delete;
 
