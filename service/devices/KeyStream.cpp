@@ -106,7 +106,8 @@ void KeyStream::handle(KeyboardNumber keyboard, const input_event& event) {
 void KeyStream::leave(KeyboardNumber keyboard) {
     forEachKey(m_keyboards.at(keyboard).held,
                [&](EvdevCode key) { handleKeyOrButton(keyboard, key, KeyAction::Release); });
-    for (EvdevCode key = 0; key < m_shownOn.size(); ++key) {
+    constexpr auto keys = static_cast<EvdevCode>(KeySet().size());
+    for (EvdevCode key = 0; key < keys; ++key) {
         if (m_shownOn.at(key) == keyboard) {
             moveToOther(key);
         }

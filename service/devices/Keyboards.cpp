@@ -28,7 +28,7 @@ Keyboards::~Keyboards() {
 }
 
 std::optional<KeyboardNumber> Keyboards::add(std::unique_ptr<KeyboardDevice> device) {
-    const auto free = std::find(m_keyboards.begin(), m_keyboards.end(), nullptr);
+    auto* const free = std::find(m_keyboards.begin(), m_keyboards.end(), nullptr);
     if (free == m_keyboards.end()) {
         NSLog("Pallistrom: there are too many keyboards; " + device->description() +
               " is left alone");
