@@ -52,6 +52,8 @@ public:
     make(InputNode node, Pointer pointer, sd_event& loop, EvdevKeyboardOwner& owner);
 
     ~EvdevKeyboard() override;
+    EvdevKeyboard(const EvdevKeyboard&) = delete;
+    EvdevKeyboard& operator=(const EvdevKeyboard&) = delete;
 
     [[nodiscard]] const std::string& path() const { return m_node.path(); }
 

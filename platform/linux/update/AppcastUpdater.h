@@ -29,6 +29,8 @@ class AppcastUpdater final : public Updater {
 public:
     explicit AppcastUpdater(UpdaterParts parts);
     ~AppcastUpdater() override;
+    AppcastUpdater(const AppcastUpdater&) = delete;
+    AppcastUpdater& operator=(const AppcastUpdater&) = delete;
 
     void checkForUpdates() override;
     [[nodiscard]] bool automaticallyChecksForUpdates() const override;

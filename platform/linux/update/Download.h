@@ -39,6 +39,8 @@ public:
     /// What comes is written to `sink`, which outlives this and is open.
     Download(const DownloadRules& rules, QIODevice& sink);
     ~Download() override;
+    Download(const Download&) = delete;
+    Download& operator=(const Download&) = delete;
 
     /// To be called once.
     void start(const QUrl& address);

@@ -16,6 +16,8 @@ class SystemUpdateClock final : public UpdateClock {
 public:
     SystemUpdateClock() = default;
     ~SystemUpdateClock() override;
+    SystemUpdateClock(const SystemUpdateClock&) = delete;
+    SystemUpdateClock& operator=(const SystemUpdateClock&) = delete;
 
     [[nodiscard]] std::int64_t now() const override;
     void wakeIn(std::chrono::seconds wait, std::function<void()> action) override;
