@@ -38,6 +38,7 @@ void start(const std::filesystem::path& program) {
     list.resize(list.empty() ? 1 : list.size());
     list.front() = program.string();
     std::vector<char*> pointers;
+    pointers.reserve(list.size() + 1);
     for (std::string& argument : list) {
         pointers.push_back(argument.data());
     }

@@ -71,7 +71,7 @@ void BusFrontSource::findOwner(const QString& name) {
             watcher->deleteLater();
             const QDBusPendingReply<QString> reply = *watcher;
             // Who came in the meantime has been heard of.
-            if (m_owners.count(name) == 0) {
+            if (!m_owners.contains(name)) {
                 ownerChanged(name, reply.isValid() ? reply.value() : QString());
             }
         });

@@ -59,7 +59,7 @@ std::vector<ApplicationGroup> applicationGroups(ApplicationKinds& kinds) {
         shown.insert(Text::lowerCase(seen.rows.back().application));
     }
     for (const auto& [application, isLeftAlone] : kinds.choices().all()) {
-        if (shown.count(application) == 0) {
+        if (!shown.contains(application)) {
             chosen.rows.push_back(rowOf(kinds, {.instance = {}, .name = application}));
         }
     }
