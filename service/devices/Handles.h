@@ -14,22 +14,22 @@
 namespace pallistrom {
 
 /// Owns a file descriptor.
-class FileDescriptor {
+class OwnedDescriptor {
 public:
-    explicit FileDescriptor(int descriptor = -1) : m_descriptor(descriptor) {}
+    explicit OwnedDescriptor(int descriptor = -1) : m_descriptor(descriptor) {}
 
-    FileDescriptor(FileDescriptor&& other) noexcept
+    OwnedDescriptor(OwnedDescriptor&& other) noexcept
         : m_descriptor(std::exchange(other.m_descriptor, -1)) {}
 
-    FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+    OwnedDescriptor& operator=(OwnedDescriptor&& other) noexcept {
         std::swap(m_descriptor, other.m_descriptor);
         return *this;
     }
 
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
+    OwnedDescriptor(const OwnedDescriptor&) = delete;
+    OwnedDescriptor& operator=(const OwnedDescriptor&) = delete;
 
-    ~FileDescriptor() {
+    ~OwnedDescriptor() {
         if (m_descriptor >= 0) {
             ::close(m_descriptor);
         }

@@ -35,7 +35,7 @@ void readCodes(const libevdev& device, unsigned type, Codes& codes) {
 } // namespace
 
 std::optional<InputNode> InputNode::open(const std::string& path) {
-    FileDescriptor descriptor(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK));
+    OwnedDescriptor descriptor(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK));
     if (!descriptor) {
         return std::nullopt;
     }
@@ -51,7 +51,7 @@ std::optional<InputNode> InputNode::open(const std::string& path) {
     return InputNode(path, std::move(descriptor), std::move(device));
 }
 
-InputNode::InputNode(std::string path, FileDescriptor descriptor, Owned<libevdev> device)
+InputNode::InputNode(std::string path, OwnedDescriptor descriptor, Owned<libevdev> device)
     : m_path(std::move(path)), m_descriptor(std::move(descriptor)), m_device(std::move(device)) {}
 
 DeviceFacts InputNode::facts(std::string_view place) const {

@@ -26,10 +26,10 @@ public:
     [[nodiscard]] const std::string& path() const { return m_path; }
 
 private:
-    InputNode(std::string path, FileDescriptor descriptor, Owned<libevdev> device);
+    InputNode(std::string path, OwnedDescriptor descriptor, Owned<libevdev> device);
 
     std::string m_path;
-    FileDescriptor m_descriptor;
+    OwnedDescriptor m_descriptor;
     Owned<libevdev> m_device;
 };
 

@@ -108,12 +108,12 @@ void copyRepeat(const libevdev& source, const VirtualDevice& device) {
 } // namespace
 
 bool VirtualDevice::canBeMade() {
-    return static_cast<bool>(FileDescriptor(::open(maker, O_RDWR | O_CLOEXEC | O_NONBLOCK)));
+    return static_cast<bool>(OwnedDescriptor(::open(maker, O_RDWR | O_CLOEXEC | O_NONBLOCK)));
 }
 
 std::optional<VirtualDevice> VirtualDevice::standingInFor(const libevdev& source,
                                                           Destination::Part part) {
-    FileDescriptor descriptor(::open(maker, O_RDWR | O_CLOEXEC | O_NONBLOCK));
+    OwnedDescriptor descriptor(::open(maker, O_RDWR | O_CLOEXEC | O_NONBLOCK));
     const char* const plug = libevdev_get_phys(&source);
     const std::string markedPlug = std::string(mark) + (plug != nullptr ? plug : "");
     if (!descriptor || ::ioctl(descriptor.get(), UI_SET_PHYS, markedPlug.c_str()) < 0) {
@@ -140,7 +140,7 @@ std::optional<VirtualDevice> VirtualDevice::standingInFor(const libevdev& source
     return device;
 }
 
-VirtualDevice::VirtualDevice(FileDescriptor descriptor, Owned<libevdev_uinput> device)
+VirtualDevice::VirtualDevice(OwnedDescriptor descriptor, Owned<libevdev_uinput> device)
     : m_descriptor(std::move(descriptor)), m_device(std::move(device)) {}
 
 void VirtualDevice::write(std::span<const input_event> events) const {

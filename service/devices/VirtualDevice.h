@@ -37,9 +37,9 @@ public:
     [[nodiscard]] std::string_view place() const;
 
 private:
-    VirtualDevice(FileDescriptor descriptor, Owned<libevdev_uinput> device);
+    VirtualDevice(OwnedDescriptor descriptor, Owned<libevdev_uinput> device);
 
-    FileDescriptor m_descriptor;
+    OwnedDescriptor m_descriptor;
     Owned<libevdev_uinput> m_device; ///< goes before its descriptor
 };
 
