@@ -35,7 +35,10 @@ void TypedKeys::given(const FakeHardware& hardware, std::span<const input_event>
         down[event.code] = event.value != 0;
         if (event.value == 1 && isPanicChord(down)) {
             letGo();
-            down.reset();
+            // None is grabbed any more, and each begins at rest when it is again.
+            for (auto& [each, keyboard] : m_keyboards) {
+                keyboard.down.reset();
+            }
             return;
         }
         if (isPlain(event.code)) {
