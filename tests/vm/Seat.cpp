@@ -72,9 +72,17 @@ void Seat::readDevices() {
         m_hasMissedSome |= device.hasOverflowed();
         return !isThere;
     });
-    std::stable_sort(m_events.begin() + before,
-                     m_events.end(),
-                     [](const SeenEvent& a, const SeenEvent& b) { return a.time < b.time; });
+    if (before == static_cast<Events::difference_type>(m_events.size())) {
+        return;
+    }
+    // One device may send while another one is read, so that what came first is read last.
+    const auto isEarlier = [](const SeenEvent& a, const SeenEvent& b) {
+        return a.time < b.time;
+    };
+    const auto added = m_events.begin() + before;
+    const auto first = std::upper_bound(
+        m_events.begin(), added, *std::min_element(added, m_events.end(), isEarlier), isEarlier);
+    std::stable_sort(first, m_events.end(), isEarlier);
 }
 
 void Seat::openNewDevices() {

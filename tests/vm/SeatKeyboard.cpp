@@ -54,6 +54,7 @@ bool SeatKeyboard::read(std::vector<SeenEvent>& events) {
             }
             return isThere;
         }
+        const auto now = std::chrono::steady_clock::now().time_since_epoch();
         for (const input_event& event :
              std::span{buffer}.first(static_cast<std::size_t>(size) / sizeof(input_event))) {
             m_hasOverflowed |= event.type == EV_SYN && event.code == SYN_DROPPED;
@@ -64,18 +65,17 @@ bool SeatKeyboard::read(std::vector<SeenEvent>& events) {
                               .code = event.code,
                               .value = event.value,
                               .time = timeOf(event),
+                              .read = now,
                               .node = m_node});
         }
     }
 }
 
 void SeatKeyboard::releaseAll(std::vector<SeenEvent>& events) {
-    forEachKey(m_down, [this, &events](EvdevCode key) {
-        events.push_back({.type = EV_KEY,
-                          .code = key,
-                          .value = 0,
-                          .time = std::chrono::steady_clock::now().time_since_epoch(),
-                          .node = m_node});
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    forEachKey(m_down, [this, now, &events](EvdevCode key) {
+        events.push_back(
+            {.type = EV_KEY, .code = key, .value = 0, .time = now, .read = now, .node = m_node});
     });
     m_down.reset();
 }

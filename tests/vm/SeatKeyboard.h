@@ -20,7 +20,10 @@ struct SeenEvent {
     EvdevCode code = 0;
     std::int32_t value = 0;
     std::chrono::nanoseconds time{}; ///< of the steady clock
-    std::filesystem::path node;      ///< of the device that sent it
+    /// When it was read. The kernel's time may be that of an earlier moment at which it only told a
+    /// program that its queue was thrown away.
+    std::chrono::nanoseconds read{};
+    std::filesystem::path node; ///< of the device that sent it
 };
 
 /// One input device that a session reads.

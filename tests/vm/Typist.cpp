@@ -65,7 +65,7 @@ TypingOutcome outcomeOf(const std::vector<TypedKey>& typed, const Seat::Events& 
         while (index < typed.size() && typed[index].key != event.code) {
             ++index;
         }
-        if (index == typed.size() || typed[index].time > event.time) {
+        if (index == typed.size() || typed[index].time > event.read) {
             ++outcome.surplus;
             continue;
         }
