@@ -98,8 +98,10 @@ void CosmicToplevels::add(WaylandProxy handle) {
                                                0,
                                                nullptr,
                                                handle.get()));
-    wl_proxy_add_dispatcher(
-        states.get(), statesEvent, this, reinterpret_cast<void*>(std::uintptr_t{id}));
+    // The event comes with what is given here, which is no address but the number itself.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
+    auto* const number = reinterpret_cast<void*>(std::uintptr_t{id});
+    wl_proxy_add_dispatcher(states.get(), statesEvent, this, number);
     // What there is no room for is listened to all the same, until it closes.
     static_cast<void>(m_list.add(id));
     m_handles.insert_or_assign(id, Handles{std::move(handle), std::move(states)});

@@ -9,10 +9,8 @@
 struct xkb_context;
 struct xkb_keymap;
 
-namespace pallistrom {
-
 /// A keymap of XKB that somebody else has made.
-namespace Keymap {
+namespace pallistrom::Keymap {
 
 struct Unref {
     void operator()(xkb_keymap* keymap) const noexcept;
@@ -37,6 +35,4 @@ inline constexpr std::size_t mostBytes = std::size_t{4} * 1024 * 1024;
 /// end with zero bytes. What it includes is not looked for: a keymap that is handed over is whole.
 [[nodiscard]] Owned read(std::string_view text);
 
-} // namespace Keymap
-
-} // namespace pallistrom
+} // namespace pallistrom::Keymap
