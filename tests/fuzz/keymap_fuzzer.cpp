@@ -10,10 +10,16 @@
 
 // libxkbcommon forgets some of what it has read of a text that it then finds to be none. A session
 // reads few keymaps, so that matters little, and it is not ours.
-// NOLINTNEXTLINE(bugprone-reserved-identifier): the name that the sanitizer asks for
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the sanitizer's names
 extern "C" const char* __lsan_default_suppressions() {
     return "leak:libxkbcommon";
 }
+
+extern "C" const char* __lsan_default_options() {
+    return "print_suppressions=0";
+}
+
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 
 // The input is the text of a keymap. Whatever it says, one key does not change another: the table
 // is the same each time.
