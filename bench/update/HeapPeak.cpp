@@ -8,10 +8,13 @@
 #include <atomic>
 
 // The C library's own, by the names that it keeps for programs that replace them.
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming)
 extern "C" void* __libc_malloc(std::size_t size);
 extern "C" void* __libc_calloc(std::size_t count, std::size_t size);
 extern "C" void* __libc_realloc(void* block, std::size_t size);
 extern "C" void __libc_free(void* block);
+
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 
 namespace pallistrom::bench {
 
@@ -48,23 +51,24 @@ std::size_t HeapPeak::bytes() {
 
 } // namespace pallistrom::bench
 
+// The parameters have the names that the C library gave them.
 extern "C" {
 
-void* malloc(std::size_t size) { // NOLINT(readability-inconsistent-declaration-parameter-name)
+void* malloc(std::size_t size) {
     return pallistrom::bench::counted(__libc_malloc(size));
 }
 
-void* calloc(std::size_t count, std::size_t size) {
-    return pallistrom::bench::counted(__libc_calloc(count, size));
+void* calloc(std::size_t nmemb, std::size_t size) {
+    return pallistrom::bench::counted(__libc_calloc(nmemb, size));
 }
 
-void* realloc(void* block, std::size_t size) {
-    pallistrom::bench::uncount(block);
-    return pallistrom::bench::counted(__libc_realloc(block, size));
+void* realloc(void* ptr, std::size_t size) {
+    pallistrom::bench::uncount(ptr);
+    return pallistrom::bench::counted(__libc_realloc(ptr, size));
 }
 
-void free(void* block) {
-    pallistrom::bench::uncount(block);
-    __libc_free(block);
+void free(void* ptr) {
+    pallistrom::bench::uncount(ptr);
+    __libc_free(ptr);
 }
 }
