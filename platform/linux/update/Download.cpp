@@ -7,6 +7,8 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
+#include <utility>
+
 namespace pallistrom {
 
 namespace {
@@ -49,7 +51,7 @@ int statusOf(const QNetworkReply& reply) {
 
 } // namespace
 
-Download::Download(const DownloadRules& rules, QIODevice& sink) : m_rules(rules), m_sink(sink) {
+Download::Download(DownloadRules rules, QIODevice& sink) : m_rules(std::move(rules)), m_sink(sink) {
     m_network.setProxyFactory(new Proxies); // which is the network's from here on
     for (auto* const timer : {&m_totalTimer, &m_silenceTimer}) {
         timer->setSingleShot(true);

@@ -37,7 +37,7 @@ class Download final : public QObject {
 
 public:
     /// What comes is written to `sink`, which outlives this and is open.
-    Download(const DownloadRules& rules, QIODevice& sink);
+    Download(DownloadRules rules, QIODevice& sink);
     ~Download() override;
     Download(const Download&) = delete;
     Download& operator=(const Download&) = delete;

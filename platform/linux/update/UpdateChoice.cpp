@@ -5,6 +5,7 @@
 #include "platform/linux/update/VersionOrder.h"
 
 #include <algorithm>
+#include <compare>
 
 namespace pallistrom::UpdateChoice {
 
@@ -21,11 +22,11 @@ bool isMachine(std::string_view name, const Situation& situation) {
 // A feed serves other systems too; "linux-" goes on with a machine. What names no system is theirs
 // that do not name it.
 bool isOurs(std::string_view system, const Situation& situation) {
-    constexpr std::string_view linux_ = "linux";
-    if (!system.starts_with(linux_)) {
+    constexpr std::string_view ours = "linux";
+    if (!system.starts_with(ours)) {
         return false;
     }
-    system.remove_prefix(linux_.size());
+    system.remove_prefix(ours.size());
     return system.empty() || (system.front() == '-' && isMachine(system.substr(1), situation));
 }
 
@@ -109,7 +110,7 @@ bool isNews(const Item& item, const Situation& situation) {
     }
     return isOlder(situation.currentVersion, below) ||
            std::any_of(versions.begin(), versions.end(), [&](const std::string& version) {
-               return VersionOrder::compare(situation.currentVersion, version) == 0;
+               return std::is_eq(VersionOrder::compare(situation.currentVersion, version));
            });
 }
 

@@ -62,7 +62,7 @@ std::weak_ordering compare(std::string_view left, std::string_view right) {
     right = right.substr(0, right.find('-'));
     while (!left.empty() || !right.empty()) {
         const auto order = compareParts(takePart(left), takePart(right));
-        if (order != 0) {
+        if (std::is_neq(order)) {
             return order;
         }
     }

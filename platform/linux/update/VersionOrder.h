@@ -17,7 +17,7 @@ namespace pallistrom::VersionOrder {
 [[nodiscard]] std::weak_ordering compare(std::string_view left, std::string_view right);
 
 [[nodiscard]] inline bool isOlder(std::string_view left, std::string_view right) {
-    return compare(left, right) < 0;
+    return std::is_lt(compare(left, right));
 }
 
 /// Whether a feed may call something by this version: ASCII without spaces, with a digit, and not
