@@ -3,32 +3,34 @@
 #include "platform/linux/update/WorkerThread.h"
 
 #include <QCoreApplication>
-#include <QThread>
 
 namespace pallistrom {
 
 WorkerThread::WorkerThread(std::unique_ptr<ThreadWork> work) : m_thread(new QThread) {
     // Out of the way of the keys.
     constexpr auto priority = QThread::LowPriority;
+    QThread* const thread = m_thread;
     ThreadWork* const worker = work.release();
-    worker->moveToThread(m_thread);
-    QObject::connect(m_thread, &QThread::started, worker, &ThreadWork::begin);
-    QObject::connect(m_thread, &QThread::finished, worker, &QObject::deleteLater);
-    QObject::connect(m_thread, &QThread::finished, m_thread, &QObject::deleteLater);
+    worker->moveToThread(thread);
+    QObject::connect(thread, &QThread::started, worker, &ThreadWork::begin);
+    QObject::connect(thread, &QThread::finished, worker, &QObject::deleteLater);
+    // A program that ends serves no calls any more, but still deletes what was to be deleted later.
+    QObject::connect(
+        thread, &QThread::finished, thread, &QObject::deleteLater, Qt::DirectConnection);
     // What the libraries keep for all threads is gone when the program has ended.
-    QObject::connect(QCoreApplication::instance(),
-                     &QCoreApplication::aboutToQuit,
-                     m_thread,
-                     [thread = m_thread] {
-                         constexpr unsigned long longestWait = 3000;
-                         thread->quit();
-                         thread->wait(longestWait);
-                     });
-    m_thread->start(priority);
+    QObject::connect(
+        QCoreApplication::instance(), &QCoreApplication::aboutToQuit, thread, [thread] {
+            constexpr unsigned long longestWait = 3000;
+            thread->quit();
+            thread->wait(longestWait);
+        });
+    thread->start(priority);
 }
 
 WorkerThread::~WorkerThread() {
-    m_thread->quit();
+    if (m_thread) {
+        m_thread->quit();
+    }
 }
 
 } // namespace pallistrom

@@ -3,10 +3,10 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
+#include <QThread>
 
 #include <memory>
-
-class QThread;
 
 namespace pallistrom {
 
@@ -30,7 +30,7 @@ public:
     ~WorkerThread();
 
 private:
-    QThread* m_thread; ///< its own, and gone some time after it has ended
+    QPointer<QThread> m_thread; ///< its own, and gone some time after it has ended
 };
 
 } // namespace pallistrom

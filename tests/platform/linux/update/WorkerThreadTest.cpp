@@ -4,6 +4,7 @@
 
 #include "EventLoop.h"
 
+#include <QPointer>
 #include <QThread>
 
 #include <gtest/gtest.h>
@@ -69,6 +70,19 @@ TEST(WorkerThread, endsBeforeTheProgramDoes) {
     const WorkerThread thread(std::make_unique<Work>([] {}, [&] { hasEnded = true; }));
     QMetaObject::invokeMethod(QCoreApplication::instance(), "aboutToQuit", Qt::DirectConnection);
     EXPECT_TRUE(hasEnded);
+}
+
+TEST(WorkerThread, leavesNothingBehindAsTheProgramEnds) {
+    std::promise<QThread*> begun;
+    auto beginning = begun.get_future();
+    const EventLoop loop;
+    const WorkerThread thread(
+        std::make_unique<Work>([&] { begun.set_value(QThread::currentThread()); }, [] {}));
+    const QPointer<QThread> own = beginning.get();
+    QMetaObject::invokeMethod(QCoreApplication::instance(), "aboutToQuit", Qt::DirectConnection);
+    // As QCoreApplication::exec() does in the end.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(own);
 }
 
 } // namespace
