@@ -19,8 +19,9 @@ bool isLetter(EvdevCode key) {
     return std::find(letters.begin(), letters.end(), key) != letters.end();
 }
 
-// Much faster than people type, and slow enough for keys to be up at times.
-constexpr std::chrono::milliseconds holdTime{10};
+// Faster than people type, and slow enough for keys to be up at times. The kernel keeps 16 such
+// letters for a seat that does not read: on a busy machine that can be most of a second.
+constexpr std::chrono::milliseconds holdTime{25};
 
 } // namespace
 
