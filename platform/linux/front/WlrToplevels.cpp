@@ -17,9 +17,8 @@ static WlrToplevels& owner(const void* self) {
     return *static_cast<WlrToplevels*>(const_cast<void*>(self));
 }
 
-WlrToplevels::WlrToplevels(wl_registry* registry, std::uint32_t manager)
-    : m_manager(static_cast<wl_proxy*>(
-          wl_registry_bind(registry, manager, &ForeignToplevels::Wlr::manager, version))) {
+WlrToplevels::WlrToplevels(wl_registry* registry, std::uint32_t name)
+    : m_manager(static_cast<wl_proxy*>(wl_registry_bind(registry, name, &manager, version))) {
     wl_proxy_add_dispatcher(m_manager.get(), managerEvent, this, nullptr);
 }
 

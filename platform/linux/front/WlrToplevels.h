@@ -15,7 +15,7 @@ namespace pallistrom {
 /// Windows by zwlr_foreign_toplevel_manager_v1.
 class WlrToplevels final : public ToplevelProtocol {
 public:
-    WlrToplevels(wl_registry* registry, std::uint32_t manager);
+    WlrToplevels(wl_registry* registry, std::uint32_t name);
 
     [[nodiscard]] FrontReport report() const override { return m_list.report(); }
 

@@ -59,6 +59,7 @@ FakeCompositor::FakeCompositor(const std::filesystem::path& socket)
     std::filesystem::remove(socket);
     wl_display_add_socket_fd(m_display.get(), listenAt(socket));
     m_clientCame.notify = clientCame;
+    m_clientCame.compositor = this;
     wl_display_add_client_created_listener(m_display.get(), &m_clientCame);
     m_watch = watchDescriptor(wl_event_loop_get_fd(wl_display_get_event_loop(m_display.get())),
                               [this] { serve(); });
@@ -72,9 +73,7 @@ void FakeCompositor::serve() {
 }
 
 void FakeCompositor::clientCame(wl_listener* listener, void* /*client*/) {
-    FakeCompositor* self = nullptr;
-    self = wl_container_of(listener, self, m_clientCame);
-    ++self->m_connections;
+    ++static_cast<ClientListener*>(listener)->compositor->m_connections;
 }
 
 void FakeCompositor::offer(const wl_interface& interface, wl_global_bind_func_t bind) {

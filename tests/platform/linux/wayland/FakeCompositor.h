@@ -81,13 +81,18 @@ private:
     void sendKeymap(wl_resource* keyboard);
     void serve();
 
+    /// Knows whose it is.
+    struct ClientListener : wl_listener {
+        FakeCompositor* compositor = nullptr;
+    };
+
     struct DestroyDisplay {
         void operator()(wl_display* display) const noexcept;
     };
 
     std::unique_ptr<wl_display, DestroyDisplay> m_display;
     std::unique_ptr<DescriptorWatch> m_watch;
-    wl_listener m_clientCame{};
+    ClientListener m_clientCame{};
     int m_connections = 0;
     std::vector<wl_global*> m_toplevelGlobals;
     wl_resource* m_manager = nullptr; ///< of wlroots, or the list
