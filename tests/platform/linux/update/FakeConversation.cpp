@@ -24,9 +24,9 @@ public:
         m_windows.show(Window::UpToDate, currentVersion);
     }
 
-    void showOffer(const UpdateOffer& offer, std::function<void(OfferAnswer)> answer) override {
+    void showOffer(const UpdateOffer& newest, std::function<void(OfferAnswer)> answer) override {
         m_windows.show(Window::Offer);
-        m_windows.offer = offer;
+        m_windows.offer = newest;
         m_windows.m_answer = std::move(answer);
     }
 
@@ -35,9 +35,9 @@ public:
         m_windows.m_cancel = std::move(cancel);
     }
 
-    void showProgress(std::uint64_t received, std::uint64_t expected) override {
-        m_windows.received = received;
-        m_windows.expected = expected;
+    void showProgress(std::uint64_t soFar, std::uint64_t inAll) override {
+        m_windows.received = soFar;
+        m_windows.expected = inAll;
     }
 
     void showInstalling() override { m_windows.show(Window::Installing); }

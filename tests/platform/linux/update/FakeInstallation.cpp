@@ -14,15 +14,15 @@ public:
 
     [[nodiscard]] InstallKind kind() const override { return m_installation.kind; }
 
-    void install(const std::filesystem::path& archive,
+    void install(const std::filesystem::path& downloaded,
                  const UpdateOffer& /*offer*/,
-                 std::function<void(const std::string& problem)> done) override {
-        m_installation.archive = archive;
+                 std::function<void(const std::string& problem)> whenDone) override {
+        m_installation.archive = downloaded;
         if (m_installation.isRead) {
-            std::ifstream file(archive, std::ios::binary);
+            std::ifstream file(downloaded, std::ios::binary);
             m_installation.installed = {std::istreambuf_iterator<char>(file), {}};
         }
-        m_installation.done = std::move(done);
+        m_installation.done = std::move(whenDone);
     }
 
     [[nodiscard]] std::string packageCommand() const override { return "upgrade the-package"; }
