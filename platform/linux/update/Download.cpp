@@ -59,6 +59,10 @@ Download::Download(DownloadRules rules, QIODevice& sink) : m_rules(std::move(rul
             end(QStringLiteral("The server takes too long."));
         });
     }
+    m_refusal.setSingleShot(true);
+    connect(&m_refusal, &QTimer::timeout, this, [this] {
+        end(QStringLiteral("The address is not a secure one."));
+    });
 }
 
 Download::~Download() {
@@ -72,10 +76,7 @@ void Download::start(const QUrl& address) {
 
 void Download::fetch(const QUrl& address) {
     if (!mayFetch(address, m_rules.policy)) {
-        QMetaObject::invokeMethod(
-            this,
-            [this] { end(QStringLiteral("The address is not a secure one.")); },
-            Qt::QueuedConnection);
+        m_refusal.start(0);
         return;
     }
     constexpr qint64 bufferSize = 262144;
@@ -150,6 +151,7 @@ void Download::end(const QString& problem) {
     dropReply();
     m_totalTimer.stop();
     m_silenceTimer.stop();
+    m_refusal.stop();
     Q_EMIT finished(problem);
 }
 

@@ -67,6 +67,7 @@ private:
     QNetworkReply* m_reply = nullptr; ///< of the network's
     QTimer m_totalTimer;
     QTimer m_silenceTimer;
+    QTimer m_refusal;              ///< ends it on a later turn, as everything else does
     std::uint64_t m_announced = 0; ///< 0 if nothing is
     std::uint64_t m_received = 0;
     int m_redirects = 0;
