@@ -44,6 +44,8 @@ public:
 
     /// `service` outlives the pane.
     AccessPane(KeyboardService& service, Questions questions);
+    AccessPane(const AccessPane&) = delete;
+    AccessPane& operator=(const AccessPane&) = delete;
     ~AccessPane() override;
 
     /// Opens the one pane of this session's keys, or brings it to the front.
