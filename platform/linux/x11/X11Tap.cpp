@@ -274,12 +274,19 @@ void X11Tap::watch(const KeySet& pressed, const KeySet& fired) {
 }
 
 void X11Tap::released(const X11KeyRelease& release) {
-    if (const auto key = m_session->keyboard.positions().evdevCode(release.keycode)) {
-        KeySet keys;
-        keys.set(*key);
-        const bool isReal = release.source == X11KeyRelease::Source::RealKeyboard;
-        forget(isReal ? m_pressed & keys : KeySet(), m_fired & keys);
+    const auto key = m_session->keyboard.positions().evdevCode(release.keycode);
+    if (!key) {
+        return;
     }
+    KeySet keys;
+    keys.set(*key);
+    const bool isReal = release.source == X11KeyRelease::Source::RealKeyboard;
+    KeySet pressed = isReal ? m_pressed & keys : KeySet();
+    if (pressed.any()) {
+        // If we come late, it may be held for the next shortcut, whose modifier we would take away.
+        pressed &= ~heldKeys().real;
+    }
+    forget(pressed, m_fired & keys);
 }
 
 void X11Tap::forget(const KeySet& pressed, const KeySet& fired) {

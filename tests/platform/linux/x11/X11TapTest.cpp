@@ -18,6 +18,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -220,24 +221,68 @@ TEST_F(X11TapTest, leavesAShortcutToTheProgramThatOwnsItAndSaysSoOnce) {
     EXPECT_TRUE(isGrabbed(other, controlW));
 }
 
-TEST_F(X11TapTest, leavesNoKeyDownWhenItStopsWhileItsModifierIsHeld) {
-    if (const auto missing = e2e::missingPrograms({"Xephyr", "openbox", "xdotool"});
-        !missing.empty()) {
-        GTEST_SKIP() << missing;
+// At a display with a keyboard of its own, beside which no program makes keys up.
+class X11TapAtAKeyboardTest : public X11TapTest {
+protected:
+    void SetUp() override {
+        X11TapTest::SetUp();
+        if (const auto missing = e2e::missingPrograms({"Xephyr", "openbox", "xdotool"});
+            !missing.empty()) {
+            GTEST_SKIP() << missing;
+        }
+        m_display.emplace(e2e::Keyboard::Device);
+        Environment::set("DISPLAY", m_display->name());
     }
-    const e2e::VirtualDisplay display(e2e::Keyboard::Device);
-    const e2e::Keys hands(display.keyboardName());
-    Environment::set("DISPLAY", display.name());
+
+    void play(const std::string& script) const {
+        e2e::Keys(m_display->keyboardName()).play(script);
+    }
+
+    [[nodiscard]] std::vector<std::string> held() const {
+        return e2e::heldKeys(e2e::XConnection(m_display->name()));
+    }
+
+    // Presses the shortcut, and lets go of its key alone.
+    void fireWithControlHeld() {
+        const int before = questions;
+        play("+ctrl +w -w");
+        ASSERT_TRUE(serveUntil([&] { return questions > before; }));
+    }
+
     KeyFilter plain{rewriteToPlain, nullptr, keys};
+
+private:
+    std::optional<e2e::VirtualDisplay> m_display;
+};
+
+TEST_F(X11TapAtAKeyboardTest, leavesNoKeyDownWhenItStopsWhileItsModifierIsHeld) {
     ASSERT_TRUE(tap.start(plain));
-    const int before = questions;
-    hands.play("+ctrl +w -w");
-    ASSERT_TRUE(serveUntil([&] { return questions > before; }));
+    fireWithControlHeld();
 
     tap.stop();
-    hands.play("-ctrl");
-    const e2e::XConnection other(display.name());
-    EXPECT_TRUE(waitUntil([&] { return e2e::heldKeys(other).empty(); }));
+    play("-ctrl");
+    EXPECT_TRUE(waitUntil([&] { return held().empty(); }));
+}
+
+TEST_F(X11TapAtAKeyboardTest, doesNotLetGoOfAModifierThatIsHeldAgain) {
+    ASSERT_TRUE(tap.start(plain));
+    fireWithControlHeld();
+    const std::vector<std::string> control = held();
+    ASSERT_FALSE(control.empty());
+
+    // All of this before the tap hears of any: the last key says that the server has it.
+    play("-ctrl +ctrl +x");
+    const auto isHeldWithAnother = [&] {
+        return held().size() > control.size();
+    };
+    ASSERT_TRUE(waitUntil(isHeldWithAnother));
+    tap.filterChanged();
+    play("-x");
+    ASSERT_TRUE(waitUntil(std::not_fn(isHeldWithAnother)));
+    EXPECT_EQ(held(), control);
+
+    play("-ctrl");
+    EXPECT_TRUE(serveUntil([&] { return held().empty(); }));
 }
 
 TEST_F(X11TapTest, staysOnThePhysicalKeyWhateverTheLayout) {
