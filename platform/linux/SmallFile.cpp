@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/SmallFile.h"
 
+#include "platform/linux/OwnedDescriptor.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -13,29 +15,6 @@
 namespace pallistrom {
 
 namespace {
-
-class OpenFile {
-public:
-    // Without O_NONBLOCK, opening a pipe would wait for somebody who writes into it.
-    explicit OpenFile(const std::filesystem::path& path)
-        : m_descriptor(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)) {}
-
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-
-    ~OpenFile() {
-        if (isOpen()) {
-            close(m_descriptor);
-        }
-    }
-
-    [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
-
-    [[nodiscard]] int descriptor() const { return m_descriptor; }
-
-private:
-    int m_descriptor;
-};
 
 SmallFile::State whyNotOpen() {
     switch (errno) {
@@ -52,20 +31,21 @@ SmallFile::State whyNotOpen() {
 } // namespace
 
 SmallFile SmallFile::read(const std::filesystem::path& path, std::size_t longest) {
-    const OpenFile file(path);
+    // Without O_NONBLOCK, opening a pipe would wait for somebody who writes into it.
+    const OwnedDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (!file.isOpen()) {
         return {.state = whyNotOpen(), .text = {}};
     }
 
     struct stat status {};
 
-    if (fstat(file.descriptor(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    if (fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return {.state = State::NoFile, .text = {}};
     }
     SmallFile result{.state = State::Read, .text = {}};
     std::array<char, 4096> buffer{};
     ssize_t count = 0;
-    while ((count = ::read(file.descriptor(), buffer.data(), buffer.size())) > 0) {
+    while ((count = ::read(file.get(), buffer.data(), buffer.size())) > 0) {
         result.text.append(buffer.data(), static_cast<std::size_t>(count));
         if (result.text.size() > longest) {
             return {.state = State::TooLong, .text = {}};

@@ -6,42 +6,10 @@
 #include <libevdev/libevdev.h>
 #include <libudev.h>
 #include <systemd/sd-event.h>
-#include <unistd.h>
 
 #include <memory>
-#include <utility>
 
 namespace pallistrom {
-
-/// Owns a file descriptor.
-class OwnedDescriptor {
-public:
-    explicit OwnedDescriptor(int descriptor = -1) : m_descriptor(descriptor) {}
-
-    OwnedDescriptor(OwnedDescriptor&& other) noexcept
-        : m_descriptor(std::exchange(other.m_descriptor, -1)) {}
-
-    OwnedDescriptor& operator=(OwnedDescriptor&& other) noexcept {
-        std::swap(m_descriptor, other.m_descriptor);
-        return *this;
-    }
-
-    OwnedDescriptor(const OwnedDescriptor&) = delete;
-    OwnedDescriptor& operator=(const OwnedDescriptor&) = delete;
-
-    ~OwnedDescriptor() {
-        if (m_descriptor >= 0) {
-            ::close(m_descriptor);
-        }
-    }
-
-    [[nodiscard]] int get() const { return m_descriptor; }
-
-    explicit operator bool() const { return m_descriptor >= 0; }
-
-private:
-    int m_descriptor;
-};
 
 /// Gives handles of the system's libraries back to them.
 struct HandleReleaser {

@@ -36,7 +36,7 @@ void readCodes(const libevdev& device, unsigned type, Codes& codes) {
 
 std::optional<InputNode> InputNode::open(const std::string& path) {
     OwnedDescriptor descriptor(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK));
-    if (!descriptor) {
+    if (!descriptor.isOpen()) {
         return std::nullopt;
     }
     libevdev* made = nullptr;

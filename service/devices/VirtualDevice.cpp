@@ -108,7 +108,7 @@ void copyRepeat(const libevdev& source, const VirtualDevice& device) {
 } // namespace
 
 bool VirtualDevice::canBeMade() {
-    return static_cast<bool>(OwnedDescriptor(::open(maker, O_RDWR | O_CLOEXEC | O_NONBLOCK)));
+    return OwnedDescriptor(::open(maker, O_RDWR | O_CLOEXEC | O_NONBLOCK)).isOpen();
 }
 
 std::optional<VirtualDevice> VirtualDevice::standingInFor(const libevdev& source,
@@ -116,7 +116,7 @@ std::optional<VirtualDevice> VirtualDevice::standingInFor(const libevdev& source
     OwnedDescriptor descriptor(::open(maker, O_RDWR | O_CLOEXEC | O_NONBLOCK));
     const char* const plug = libevdev_get_phys(&source);
     const std::string markedPlug = std::string(mark) + (plug != nullptr ? plug : "");
-    if (!descriptor || ::ioctl(descriptor.get(), UI_SET_PHYS, markedPlug.c_str()) < 0) {
+    if (!descriptor.isOpen() || ::ioctl(descriptor.get(), UI_SET_PHYS, markedPlug.c_str()) < 0) {
         return std::nullopt;
     }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/linux/OwnedDescriptor.h"
 #include "service/devices/DeviceFacts.h"
 #include "service/devices/Handles.h"
 #include "service/devices/OutputDevices.h"

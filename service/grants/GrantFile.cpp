@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "service/grants/GrantFile.h"
 
+#include "platform/linux/OwnedDescriptor.h"
 #include "service/grants/GrantsText.h"
 
 #include <fcntl.h>
@@ -14,36 +15,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace pallistrom {
 
 namespace {
 
-class OpenFile {
-public:
-    OpenFile(const std::filesystem::path& path, int flags)
-        : m_descriptor{open(path.c_str(), flags | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600)} {}
-
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-
-    ~OpenFile() {
-        if (isOpen()) {
-            // What mattered is on the disk already.
-            static_cast<void>(close());
-        }
-    }
-
-    [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
-
-    [[nodiscard]] int descriptor() const { return m_descriptor; }
-
-    [[nodiscard]] bool close() { return ::close(std::exchange(m_descriptor, -1)) == 0; }
-
-private:
-    int m_descriptor;
-};
+OwnedDescriptor openFile(const std::filesystem::path& path, int flags) {
+    return OwnedDescriptor{open(path.c_str(), flags | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600)};
+}
 
 bool writeAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
@@ -75,17 +54,16 @@ std::optional<std::string> readAll(int descriptor) {
 
 // The name of a file is in its folder, and as lasting as that.
 void keepFolder(const std::filesystem::path& folder) {
-    const OpenFile opened{folder, O_RDONLY | O_DIRECTORY};
+    const OwnedDescriptor opened = openFile(folder, O_RDONLY | O_DIRECTORY);
     if (opened.isOpen()) {
         // Not every file system does this for folders.
-        static_cast<void>(fsync(opened.descriptor()));
+        static_cast<void>(fsync(opened.get()));
     }
 }
 
 bool writeFile(const std::filesystem::path& path, std::string_view text) {
-    OpenFile file{path, O_WRONLY | O_CREAT | O_TRUNC};
-    return file.isOpen() && writeAll(file.descriptor(), text) && fsync(file.descriptor()) == 0 &&
-           file.close();
+    OwnedDescriptor file = openFile(path, O_WRONLY | O_CREAT | O_TRUNC);
+    return file.isOpen() && writeAll(file.get(), text) && fsync(file.get()) == 0 && file.closeNow();
 }
 
 } // namespace
@@ -96,11 +74,11 @@ GrantFile::GrantFile(const std::filesystem::path& folder)
       m_damagedFile{folder / "grants.damaged"} {}
 
 GrantFile::Outcome GrantFile::load(Grants& grants) const {
-    const OpenFile file{m_file, O_RDONLY};
+    const OwnedDescriptor file = openFile(m_file, O_RDONLY);
     if (!file.isOpen() && errno == ENOENT) {
         return Outcome::Done;
     }
-    const auto text = file.isOpen() ? readAll(file.descriptor()) : std::nullopt;
+    const auto text = file.isOpen() ? readAll(file.get()) : std::nullopt;
     if (!text) {
         return Outcome::Failed;
     }

@@ -13,11 +13,6 @@ namespace pallistrom {
 namespace Cosmic = ForeignToplevels::Cosmic;
 namespace List = ForeignToplevels::List;
 
-// The library gives the implementation pointer back as const; it is we who gave it.
-static CosmicToplevels& owner(const void* self) {
-    return *static_cast<CosmicToplevels*>(const_cast<void*>(self));
-}
-
 static void destroy(WaylandProxy proxy, std::uint32_t request) {
     wl_proxy* const object = proxy.release();
     wl_proxy_marshal_flags(
@@ -39,9 +34,9 @@ int CosmicToplevels::listEvent(const void* self,
                                const wl_message* /*message*/,
                                wl_argument* arguments) {
     if (event == List::ListToplevel) {
-        owner(self).add(WaylandProxy(reinterpret_cast<wl_proxy*>(arguments[0].o)));
+        owner<CosmicToplevels>(self).add(WaylandProxy(reinterpret_cast<wl_proxy*>(arguments[0].o)));
     } else {
-        owner(self).m_isFinished = true;
+        owner<CosmicToplevels>(self).finish();
     }
     return 0;
 }
@@ -57,10 +52,10 @@ int CosmicToplevels::infoEvent(const void* self,
         WaylandProxy(reinterpret_cast<wl_proxy*>(arguments[0].o)).reset();
         return 0;
     case Cosmic::InfoDone:
-        owner(self).m_list.commitAll();
+        owner<CosmicToplevels>(self).list().commitAll();
         return 0;
     default:
-        owner(self).m_isFinished = true;
+        owner<CosmicToplevels>(self).finish();
         return 0;
     }
 }
@@ -70,7 +65,8 @@ int CosmicToplevels::handleEvent(const void* self,
                                  std::uint32_t event,
                                  const wl_message* /*message*/,
                                  wl_argument* arguments) {
-    owner(self).handle(wl_proxy_get_id(static_cast<wl_proxy*>(target)), event, arguments);
+    owner<CosmicToplevels>(self).handle(
+        wl_proxy_get_id(static_cast<wl_proxy*>(target)), event, arguments);
     return 0;
 }
 
@@ -83,7 +79,8 @@ int CosmicToplevels::statesEvent(const void* self,
         auto* const states = static_cast<wl_proxy*>(target);
         const auto id = static_cast<ToplevelList::Id>(
             reinterpret_cast<std::uintptr_t>(wl_proxy_get_user_data(states)));
-        owner(self).m_list.setActivated(id, ForeignToplevels::isActivated(*arguments[0].a));
+        owner<CosmicToplevels>(self).list().setActivated(
+            id, ForeignToplevels::isActivated(*arguments[0].a));
     }
     return 0;
 }
@@ -103,7 +100,7 @@ void CosmicToplevels::add(WaylandProxy handle) {
     auto* const number = reinterpret_cast<void*>(std::uintptr_t{id});
     wl_proxy_add_dispatcher(states.get(), statesEvent, this, number);
     // What there is no room for is listened to all the same, until it closes.
-    static_cast<void>(m_list.add(id));
+    static_cast<void>(list().add(id));
     m_handles.insert_or_assign(id, Handles{std::move(handle), std::move(states)});
 }
 
@@ -112,10 +109,10 @@ void CosmicToplevels::handle(ToplevelList::Id id,
                              const wl_argument* arguments) {
     switch (event) {
     case List::HandleAppId:
-        m_list.setApplication(id, arguments[0].s);
+        list().setApplication(id, arguments[0].s);
         return;
     case List::HandleDone:
-        m_list.commit(id);
+        list().commit(id);
         return;
     case List::HandleClosed:
         remove(id);
@@ -126,7 +123,7 @@ void CosmicToplevels::handle(ToplevelList::Id id,
 }
 
 void CosmicToplevels::remove(ToplevelList::Id id) {
-    m_list.remove(id);
+    list().remove(id);
     if (const auto found = m_handles.find(id); found != m_handles.end()) {
         destroy(std::move(found->second.states), Cosmic::HandleDestroy);
         destroy(std::move(found->second.listed), List::HandleDestroy);

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/front/ToplevelList.h"
 #include "platform/linux/front/ToplevelProtocol.h"
 #include "platform/linux/wayland/WaylandProxy.h"
 
@@ -17,10 +16,6 @@ namespace pallistrom {
 class CosmicToplevels final : public ToplevelProtocol {
 public:
     CosmicToplevels(wl_registry* registry, std::uint32_t list, std::uint32_t info);
-
-    [[nodiscard]] FrontReport report() const override { return m_list.report(); }
-
-    [[nodiscard]] bool isFinished() const override { return m_isFinished; }
 
 private:
     /// A window has two objects. It is known by the number of the first.
@@ -54,8 +49,6 @@ private:
     void handle(ToplevelList::Id id, std::uint32_t event, const wl_argument* arguments);
     void remove(ToplevelList::Id id);
 
-    ToplevelList m_list;
-    bool m_isFinished = false;
     WaylandProxy m_listed;
     WaylandProxy m_info;
     std::map<ToplevelList::Id, Handles> m_handles;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/linux/front/FrontReport.h"
+#include "platform/linux/front/ToplevelList.h"
 
 #include <cstdint>
 #include <memory>
@@ -33,10 +34,25 @@ public:
                                                                  const ToplevelGlobals& globals);
 
     /// Returns which window is in front, by what has come in so far.
-    [[nodiscard]] virtual FrontReport report() const = 0;
+    [[nodiscard]] FrontReport report() const { return m_list.report(); }
 
     /// Returns whether the compositor has stopped listing.
-    [[nodiscard]] virtual bool isFinished() const = 0;
+    [[nodiscard]] bool isFinished() const { return m_isFinished; }
+
+protected:
+    /// What a dispatcher was registered with, which the library gives back as const.
+    template<typename Protocol>
+    [[nodiscard]] static Protocol& owner(const void* self) {
+        return *static_cast<Protocol*>(const_cast<void*>(self));
+    }
+
+    [[nodiscard]] ToplevelList& list() { return m_list; }
+
+    void finish() { m_isFinished = true; }
+
+private:
+    ToplevelList m_list;
+    bool m_isFinished = false;
 };
 
 } // namespace pallistrom

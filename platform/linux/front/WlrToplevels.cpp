@@ -12,11 +12,6 @@ namespace pallistrom {
 
 using namespace ForeignToplevels::Wlr;
 
-// The library gives the implementation pointer back as const; it is we who gave it.
-static WlrToplevels& owner(const void* self) {
-    return *static_cast<WlrToplevels*>(const_cast<void*>(self));
-}
-
 WlrToplevels::WlrToplevels(wl_registry* registry, std::uint32_t name)
     : m_manager(static_cast<wl_proxy*>(wl_registry_bind(registry, name, &manager, version))) {
     wl_proxy_add_dispatcher(m_manager.get(), managerEvent, this, nullptr);
@@ -28,9 +23,9 @@ int WlrToplevels::managerEvent(const void* self,
                                const wl_message* /*message*/,
                                wl_argument* arguments) {
     if (event == ManagerToplevel) {
-        owner(self).add(WaylandProxy(reinterpret_cast<wl_proxy*>(arguments[0].o)));
+        owner<WlrToplevels>(self).add(WaylandProxy(reinterpret_cast<wl_proxy*>(arguments[0].o)));
     } else {
-        owner(self).m_isFinished = true;
+        owner<WlrToplevels>(self).finish();
     }
     return 0;
 }
@@ -40,7 +35,8 @@ int WlrToplevels::handleEvent(const void* self,
                               std::uint32_t event,
                               const wl_message* /*message*/,
                               wl_argument* arguments) {
-    owner(self).handle(wl_proxy_get_id(static_cast<wl_proxy*>(target)), event, arguments);
+    owner<WlrToplevels>(self).handle(
+        wl_proxy_get_id(static_cast<wl_proxy*>(target)), event, arguments);
     return 0;
 }
 
@@ -48,20 +44,20 @@ void WlrToplevels::add(WaylandProxy handle) {
     const ToplevelList::Id id = wl_proxy_get_id(handle.get());
     wl_proxy_add_dispatcher(handle.get(), handleEvent, this, nullptr);
     // What there is no room for is listened to all the same, until it closes.
-    static_cast<void>(m_list.add(id));
+    static_cast<void>(list().add(id));
     m_handles.insert_or_assign(id, std::move(handle));
 }
 
 void WlrToplevels::handle(ToplevelList::Id id, std::uint32_t event, const wl_argument* arguments) {
     switch (event) {
     case HandleAppId:
-        m_list.setApplication(id, arguments[0].s);
+        list().setApplication(id, arguments[0].s);
         return;
     case HandleState:
-        m_list.setActivated(id, ForeignToplevels::isActivated(*arguments[0].a));
+        list().setActivated(id, ForeignToplevels::isActivated(*arguments[0].a));
         return;
     case HandleDone:
-        m_list.commit(id);
+        list().commit(id);
         return;
     case HandleClosed:
         remove(id);
@@ -72,7 +68,7 @@ void WlrToplevels::handle(ToplevelList::Id id, std::uint32_t event, const wl_arg
 }
 
 void WlrToplevels::remove(ToplevelList::Id id) {
-    m_list.remove(id);
+    list().remove(id);
     if (const auto found = m_handles.find(id); found != m_handles.end()) {
         wl_proxy_marshal_flags(
             found->second.release(), HandleDestroy, nullptr, version, WL_MARSHAL_FLAG_DESTROY);

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/front/ToplevelList.h"
 #include "platform/linux/front/ToplevelProtocol.h"
 #include "platform/linux/wayland/WaylandProxy.h"
 
@@ -16,10 +15,6 @@ namespace pallistrom {
 class WlrToplevels final : public ToplevelProtocol {
 public:
     WlrToplevels(wl_registry* registry, std::uint32_t name);
-
-    [[nodiscard]] FrontReport report() const override { return m_list.report(); }
-
-    [[nodiscard]] bool isFinished() const override { return m_isFinished; }
 
 private:
     static int managerEvent(const void* self,
@@ -37,8 +32,6 @@ private:
     void handle(ToplevelList::Id id, std::uint32_t event, const wl_argument* arguments);
     void remove(ToplevelList::Id id);
 
-    ToplevelList m_list;
-    bool m_isFinished = false;
     WaylandProxy m_manager;
     std::map<ToplevelList::Id, WaylandProxy> m_handles;
 };

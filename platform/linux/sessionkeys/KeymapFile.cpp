@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/sessionkeys/KeymapFile.h"
 
+#include "platform/linux/OwnedDescriptor.h"
 #include "platform/linux/sessionkeys/Keymap.h"
 
 #include <sys/stat.h>
@@ -14,23 +15,6 @@ namespace pallistrom::KeymapFile {
 
 namespace {
 
-class Closing {
-public:
-    explicit Closing(int descriptor) : m_descriptor(descriptor) {}
-
-    Closing(const Closing&) = delete;
-    Closing& operator=(const Closing&) = delete;
-
-    ~Closing() {
-        if (m_descriptor >= 0) {
-            close(m_descriptor);
-        }
-    }
-
-private:
-    int m_descriptor;
-};
-
 // What is not a regular file could keep us waiting.
 bool isFile(int descriptor) {
     struct stat status {};
@@ -41,7 +25,7 @@ bool isFile(int descriptor) {
 } // namespace
 
 std::string take(int descriptor, std::uint32_t size) {
-    const Closing closing(descriptor);
+    const OwnedDescriptor owned(descriptor);
     // The size counts a zero byte at the end.
     if (size > Keymap::mostBytes + 1 || !isFile(descriptor)) {
         return {};

@@ -13,27 +13,20 @@
 
 namespace pallistrom {
 
-SystemUpdateClock::~SystemUpdateClock() {
-    m_notifier.reset();
-    if (m_timer >= 0) {
-        close(m_timer);
-    }
-}
-
 std::int64_t SystemUpdateClock::now() const {
     return std::time(nullptr);
 }
 
 void SystemUpdateClock::wakeIn(std::chrono::seconds wait, std::function<void()> action) {
-    if (m_timer < 0) {
+    if (!m_timer.isOpen()) {
         // The timers of the event loop stand still while the computer sleeps, which would put off
         // the daily check of a notebook for days.
-        m_timer = timerfd_create(CLOCK_BOOTTIME, TFD_NONBLOCK | TFD_CLOEXEC);
-        if (m_timer < 0) {
+        m_timer = OwnedDescriptor(timerfd_create(CLOCK_BOOTTIME, TFD_NONBLOCK | TFD_CLOEXEC));
+        if (!m_timer.isOpen()) {
             NSLog("Pallistrom: there is no timer for update checks");
             return;
         }
-        m_notifier = std::make_unique<QSocketNotifier>(m_timer, QSocketNotifier::Read);
+        m_notifier = std::make_unique<QSocketNotifier>(m_timer.get(), QSocketNotifier::Read);
         QObject::connect(
             m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] { ring(); });
     }
@@ -42,20 +35,20 @@ void SystemUpdateClock::wakeIn(std::chrono::seconds wait, std::function<void()> 
     time.it_value.tv_sec = wait.count();
     // None at all would mean never.
     time.it_value.tv_nsec = wait.count() <= 0 ? 1 : 0;
-    timerfd_settime(m_timer, 0, &time, nullptr);
+    timerfd_settime(m_timer.get(), 0, &time, nullptr);
 }
 
 void SystemUpdateClock::stop() {
     m_action = nullptr;
-    if (m_timer >= 0) {
+    if (m_timer.isOpen()) {
         const itimerspec never{};
-        timerfd_settime(m_timer, 0, &never, nullptr);
+        timerfd_settime(m_timer.get(), 0, &never, nullptr);
     }
 }
 
 void SystemUpdateClock::ring() {
     std::uint64_t times = 0;
-    if (read(m_timer, &times, sizeof times) == sizeof times) {
+    if (read(m_timer.get(), &times, sizeof times) == sizeof times) {
         if (const auto action = std::exchange(m_action, nullptr)) {
             action();
         }

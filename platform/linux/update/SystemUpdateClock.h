@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/linux/OwnedDescriptor.h"
 #include "platform/linux/update/UpdateClock.h"
 
 #include <QSocketNotifier>
@@ -15,7 +16,7 @@ namespace pallistrom {
 class SystemUpdateClock final : public UpdateClock {
 public:
     SystemUpdateClock() = default;
-    ~SystemUpdateClock() override;
+    ~SystemUpdateClock() override = default;
     SystemUpdateClock(const SystemUpdateClock&) = delete;
     SystemUpdateClock& operator=(const SystemUpdateClock&) = delete;
 
@@ -27,8 +28,8 @@ private:
     void ring();
 
     std::function<void()> m_action;
-    int m_timer = -1; ///< made by the first wakeIn()
-    std::unique_ptr<QSocketNotifier> m_notifier;
+    OwnedDescriptor m_timer;                     ///< made by the first wakeIn()
+    std::unique_ptr<QSocketNotifier> m_notifier; ///< goes before what it listens to
 };
 
 } // namespace pallistrom

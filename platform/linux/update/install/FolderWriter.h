@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/linux/update/install/ArchiveRules.h"
-#include "platform/linux/update/install/OwnedDescriptor.h"
+#include "platform/linux/OwnedDescriptor.h"
 #include "platform/linux/update/install/TarReader.h"
 
 #include <filesystem>
