@@ -54,7 +54,8 @@ bool X11Tap::start(KeyFilter& filter) {
     m_filter = &filter;
     m_session = std::make_unique<Session>(*m_connection);
     // What a run that was killed has left.
-    m_session->sender.release(heldKeys().forgotten, m_session->keyboard.positions());
+    m_session->sender.release(m_session->watch.heldKeys().forgotten,
+                              m_session->keyboard.positions());
     grabKeys();
     return isRunning();
 }
@@ -62,14 +63,11 @@ bool X11Tap::start(KeyFilter& filter) {
 void X11Tap::stop() {
     if (isRunning()) {
         X11KeyGrabs(*m_connection).clear();
-        // Nobody would do so later, once the fingers have let go.
-        m_session->sender.release(m_pressed, m_session->keyboard.positions());
+        m_session->watch.stop();
         xcb_flush(m_connection->get());
     }
     m_session.reset();
     m_filter = nullptr;
-    m_pressed.reset();
-    m_fired.reset();
 }
 
 bool X11Tap::isRunning() const {
@@ -136,11 +134,12 @@ void X11Tap::handle(const xcb_generic_event_t& event, Changes& changes) {
     if (m_session->sender.hasSent(event)) {
         return; // A key of ours met the grab of the next repeat, which fires in its place.
     }
+    if (m_session->watch.handle(event)) {
+        return;
+    }
     // Events that another program has made up carry a further bit, and so are none of these.
     if (event.response_type == XCB_KEY_PRESS) {
         pressed(reinterpret_cast<const xcb_key_press_event_t&>(event));
-    } else if (const auto release = m_session->devices.release(event)) {
-        released(*release);
     } else if (m_session->keyboard.isChange(event)) {
         changes.keyboard = true;
     } else if (m_session->devices.isChange(event)) {
@@ -181,9 +180,9 @@ void X11Tap::pressed(const xcb_key_press_event_t& event) {
     if (chords && m_session->clock.since(event.time) > m_patience) {
         return;
     }
-    const X11HeldKeys held = heldKeys();
+    const X11HeldKeys held = m_session->watch.heldKeys();
     m_session->sender.release(held.forgotten, positions);
-    if (key && m_fired[*key] && !held.physical[*key]) {
+    if (key && m_session->watch.hasFired(*key) && !held.physical[*key]) {
         return; // A repeat that we come to late: who held the key has let go of it.
     }
     if (chords) {
@@ -209,10 +208,6 @@ std::optional<VerdictChords> X11Tap::chordsFor(EvdevCode key,
         return std::nullopt;
     }
     return VerdictChords(verdict, front);
-}
-
-X11HeldKeys X11Tap::heldKeys() const {
-    return m_session->devices.answer(m_session->devices.ask(), m_session->keyboard.positions());
 }
 
 // Between our question which keys are held and what we make of the answer, people and programs let
@@ -244,7 +239,7 @@ void X11Tap::deliver(EvdevCode key, const VerdictChords& chords, const X11HeldKe
     m_session->sender.release(leftDown & ~then.physical, positions);
     KeySet fired;
     fired[key] = then.physical[key];
-    watch(leftDown & then.real, fired);
+    m_session->watch.add(leftDown & then.real, fired);
 }
 
 // Keys that other programs make up cannot change between the question and the keys that go out. The
@@ -255,48 +250,6 @@ X11Devices::Question X11Tap::sendAndAsk(const std::vector<xcb_keycode_t>& repeat
     xcb_ungrab_keyboard(m_connection->get(), XCB_CURRENT_TIME);
     m_session->sender.send(m_steps, m_session->keyboard.positions(), repeating);
     return question;
-}
-
-// A key that we have pressed is down on two keyboards: its own, and that of XTEST, where nobody but
-// us will let go of it. A key that has fired is repeated by the server until it goes up.
-void X11Tap::watch(const KeySet& pressed, const KeySet& fired) {
-    if (pressed.none() && (fired & ~m_fired).none()) {
-        return;
-    }
-    if (!isWatching()) {
-        m_session->devices.watchReleases(true);
-    }
-    m_pressed |= pressed;
-    m_fired |= fired;
-    // They may have been let go before we watched.
-    const X11HeldKeys held = heldKeys();
-    forget(m_pressed & ~held.real, m_fired & ~held.physical);
-}
-
-void X11Tap::released(const X11KeyRelease& release) {
-    const auto key = m_session->keyboard.positions().evdevCode(release.keycode);
-    if (!key) {
-        return;
-    }
-    KeySet keys;
-    keys.set(*key);
-    const bool isReal = release.source == X11KeyRelease::Source::RealKeyboard;
-    KeySet pressed = isReal ? m_pressed & keys : KeySet();
-    if (pressed.any()) {
-        // If we come late, it may be held for the next shortcut, whose modifier we would take away.
-        pressed &= ~heldKeys().real;
-    }
-    forget(pressed, m_fired & keys);
-}
-
-void X11Tap::forget(const KeySet& pressed, const KeySet& fired) {
-    m_session->sender.release(pressed, m_session->keyboard.positions());
-    const bool wasWatching = isWatching();
-    m_pressed &= ~pressed;
-    m_fired &= ~fired;
-    if (wasWatching && !isWatching()) {
-        m_session->devices.watchReleases(false);
-    }
 }
 
 } // namespace pallistrom

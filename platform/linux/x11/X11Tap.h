@@ -11,6 +11,7 @@
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11Devices.h"
 #include "platform/linux/x11/X11FrontWindow.h"
+#include "platform/linux/x11/X11KeyWatch.h"
 #include "platform/linux/x11/X11Keyboard.h"
 #include "platform/linux/x11/X11Sender.h"
 
@@ -63,13 +64,19 @@ private:
               devices(connection),
               frontWindow(connection),
               clock(connection),
-              sender(connection) {}
+              sender(connection),
+              watch(devices, sender, keyboard) {}
+
+        Session(const Session&) = delete;
+        Session& operator=(const Session&) = delete;
+        ~Session() = default;
 
         X11Keyboard keyboard;
         X11Devices devices;
         X11FrontWindow frontWindow;
         X11Clock clock;
         X11Sender sender;
+        X11KeyWatch watch;
     };
 
     /// What has to be read again.
@@ -89,16 +96,9 @@ private:
     /// What a key press becomes; nothing if it is not ours.
     [[nodiscard]] std::optional<VerdictChords> chordsFor(EvdevCode key,
                                                          const xcb_key_press_event_t& event) const;
-    void released(const X11KeyRelease& release);
     void deliver(EvdevCode key, const VerdictChords& chords, const X11HeldKeys& held);
     [[nodiscard]] X11Devices::Question
     sendAndAsk(const std::vector<xcb_keycode_t>& repeating) const;
-    void watch(const KeySet& pressed, const KeySet& fired);
-    void forget(const KeySet& pressed, const KeySet& fired);
-
-    [[nodiscard]] bool isWatching() const { return (m_pressed | m_fired).any(); }
-
-    [[nodiscard]] X11HeldKeys heldKeys() const;
 
     KindOfApplication m_kindOf;
     std::chrono::milliseconds m_patience;
@@ -107,12 +107,7 @@ private:
     std::unique_ptr<Session> m_session;
     KeyFilter* m_filter = nullptr;        ///< while running
     std::set<std::int64_t> m_refusedKeys; ///< those whose refusal has been logged
-    /// Modifiers that a chord has pressed while they were held, and still are, on their real
-    /// keyboards.
-    KeySet m_pressed;
-    /// Keys that have fired, and have not gone up since: another press of them is a repeat.
-    KeySet m_fired;
-    std::vector<OutputStep> m_steps; ///< kept for its memory
+    std::vector<OutputStep> m_steps;      ///< kept for its memory
 };
 
 } // namespace pallistrom
