@@ -30,12 +30,12 @@ run_ctest() {
     ctest "$@" 2>&1 | sed -E '/^ +Start +[0-9]+: /d; / Passed +[0-9.]+ sec$/d'
 }
 
-# test_folder TITLE FOLDER CTEST-ARGUMENT...: runs the tests that were built in a folder, and shows
-# what CTest says in the end. The details lie in FOLDER/test-results.xml.
+# test_folder TITLE RESULTS CTEST-ARGUMENT...: runs tests that were built, and shows what CTest says in
+# the end. The details lie in the file RESULTS.
 test_folder() {
-    local title=$1 folder=$2
+    local title=$1 results=$2
     shift 2
-    attempt "$title" run_ctest "$@" --parallel "$(nproc)" --output-junit "$PWD/$folder/test-results.xml"
+    attempt "$title" run_ctest "$@" --parallel "$(nproc)" --output-junit "$PWD/$results"
     if step_succeeded; then
         step_output | sed -n '/% tests passed/,$ { /^$/d; s/^/    /p }'
     fi
@@ -45,7 +45,7 @@ test_folder() {
 test_preset() {
     local preset=$1
     shift
-    test_folder "Test $preset" "build/$preset" --preset "$preset" "$@"
+    test_folder "Test $preset" "build/$preset/test-results.xml" --preset "$preset" "$@"
 }
 
 # build_and_test PRESET CTEST-ARGUMENT...
@@ -56,28 +56,33 @@ build_and_test() {
     fi
 }
 
+# skipped_in RESULTS PRESET
+skipped_in() {
+    awk -v preset="$2" '
+        # GoogleTest gives its reason on the line after the one that ends in "Skipped".
+        function keep(line) {
+            sub(/^[[:space:]]*<system-out>/, "", line)
+            if (reasonFollows || (reason == "" && line != "")) reason = line
+            reasonFollows = line ~ /: Skipped$/
+        }
+        /<testcase .* status="notrun"/ {
+            split($0, part, "\""); name = part[2]; reason = ""; reasonFollows = 0; inOutput = 0
+        }
+        name != "" && /<system-out>/ { inOutput = 1 }
+        name != "" && inOutput { keep($0) }
+        name != "" && /<\/testcase>/ {
+            printf "    %s (%s): %s\n", name, preset, reason
+            name = ""
+        }
+    ' "$1"
+}
+
 # list_skipped PRESET...: the tests of these presets that did not run, each with its reason.
 list_skipped() {
     local preset results
     for preset in "$@"; do
-        results=build/$preset/test-results.xml
-        [[ -e $results ]] || continue
-        awk -v preset="$preset" '
-            # GoogleTest gives its reason on the line after the one that ends in "Skipped".
-            function keep(line) {
-                sub(/^[[:space:]]*<system-out>/, "", line)
-                if (reasonFollows || (reason == "" && line != "")) reason = line
-                reasonFollows = line ~ /: Skipped$/
-            }
-            /<testcase .* status="notrun"/ {
-                split($0, part, "\""); name = part[2]; reason = ""; reasonFollows = 0; inOutput = 0
-            }
-            name != "" && /<system-out>/ { inOutput = 1 }
-            name != "" && inOutput { keep($0) }
-            name != "" && /<\/testcase>/ {
-                printf "    %s (%s): %s\n", name, preset, reason
-                name = ""
-            }
-        ' "$results"
+        for results in "build/$preset"/*test-results.xml; do
+            [[ ! -e $results ]] || skipped_in "$results" "$preset"
+        done
     done
 }

@@ -199,9 +199,7 @@ void AccessPane::advise() {
         m_extension =
             std::make_unique<GnomeExtension>(QDBusConnection::sessionBus(), [this] { advise(); });
     }
-    const FrontAdvice advice =
-        isAmiss ? FrontAdvice::about(FrontAdvice::Knowledge::Unknown, m_extension->state())
-                : FrontAdvice{};
+    const FrontAdvice advice = isAmiss ? FrontAdvice::about(m_extension->state()) : FrontAdvice{};
     m_advice->setText(qtText(advice.text));
     m_advice->setVisible(!advice.text.empty());
     m_switchOnExtension->setVisible(advice.offersTheExtension);

@@ -4,10 +4,7 @@
 
 namespace pallistrom {
 
-FrontAdvice FrontAdvice::about(Knowledge knowledge, GnomeExtension::State extension) {
-    if (knowledge == Knowledge::Known) {
-        return {};
-    }
+FrontAdvice FrontAdvice::about(GnomeExtension::State extension) {
     switch (extension) {
     case GnomeExtension::State::SwitchedOff:
         return {.text = "Terminals cannot be told apart here, so the shortcuts apply in them too. "

@@ -30,8 +30,6 @@ public:
     void commitAll();
     void remove(Id id);
 
-    void clear() { m_windows.clear(); }
-
     /// Returns the window that was activated last of those that are. There are several with several
     /// seats, and for a moment in compositors that activate the new one first.
     [[nodiscard]] FrontReport report() const;

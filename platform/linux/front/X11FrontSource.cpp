@@ -22,13 +22,7 @@ void X11FrontSource::look() {
                          [this](const auto& event) { return m_window.isChange(event); })) {
         m_window.refresh();
     }
-    if (!m_connection->isAlive()) {
-        m_report = FrontReport::unknown();
-    } else if (m_window.windowClass() == WindowClass()) {
-        m_report = FrontReport::nobody();
-    } else {
-        m_report = FrontReport::of(m_window.windowClass());
-    }
+    m_report = m_connection->isAlive() ? m_window.report() : FrontReport::unknown();
 }
 
 void X11FrontSource::serve() {

@@ -6,20 +6,11 @@
 
 #include <wayland-client-protocol.h>
 
-#include <algorithm>
-#include <cstdarg>
-
 namespace pallistrom {
 
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr std::chrono::milliseconds firstWait = 1s;
-constexpr std::chrono::milliseconds longestWait = 1min;
-
-// What a broken connection has to say is no news to anybody: it is opened again.
-void logNothing(const char* /*format*/, std::va_list /*arguments*/) {}
+using std::chrono::steady_clock;
 
 } // namespace
 
@@ -29,8 +20,7 @@ bool WaylandClient::isWaylandSession() {
            SessionPaths::variable("WAYLAND_SOCKET").empty();
 }
 
-WaylandClient::WaylandClient(WaylandListener& listener) : m_listener(listener), m_wait(firstWait) {
-    wl_log_set_handler_client(logNothing);
+WaylandClient::WaylandClient(WaylandListener& listener) : m_listener(listener) {
     m_retry.setSingleShot(true);
     QObject::connect(&m_retry, &QTimer::timeout, &m_retry, [this] { open(); });
     open();
@@ -51,6 +41,7 @@ void WaylandClient::open() {
         close();
         return;
     }
+    m_since = steady_clock::now();
     static constexpr wl_registry_listener listener{.global = globalCame,
                                                    .global_remove = globalGone};
     wl_registry* const registry = wl_display_get_registry(m_display.get());
@@ -86,9 +77,12 @@ bool WaylandClient::takeEvents() {
 void WaylandClient::close() {
     m_watch.reset();
     m_registry.reset();
+    std::chrono::milliseconds held{0};
+    if (m_display) {
+        held = std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - m_since);
+    }
     m_display.reset();
-    m_retry.start(m_wait);
-    m_wait = std::min(2 * m_wait, longestWait);
+    m_retry.start(m_wait.after(held));
 }
 
 void WaylandClient::globalCame(void* self,
@@ -96,10 +90,7 @@ void WaylandClient::globalCame(void* self,
                                std::uint32_t name,
                                const char* interface,
                                std::uint32_t version) {
-    auto* const client = static_cast<WaylandClient*>(self);
-    // It speaks, so the next loss is another one.
-    client->m_wait = firstWait;
-    client->m_listener.globalCame(registry, {name, interface, version});
+    static_cast<WaylandClient*>(self)->m_listener.globalCame(registry, {name, interface, version});
 }
 
 void WaylandClient::globalGone(void* self, wl_registry* /*registry*/, std::uint32_t name) {

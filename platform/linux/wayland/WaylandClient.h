@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/linux/DescriptorWatch.h"
+#include "platform/linux/wayland/RetryWait.h"
 #include "platform/linux/wayland/WaylandListener.h"
 #include "platform/linux/wayland/WaylandProxy.h"
 
@@ -15,7 +16,7 @@
 namespace pallistrom {
 
 /// A connection of our own to the session's compositor, without a window, so that it never sees a
-/// key. One that breaks is opened again, after a wait that doubles each time up to a minute.
+/// key. One that breaks is opened again, after a wait that grows (see RetryWait).
 /// Nothing here ever waits for the compositor.
 class WaylandClient {
 public:
@@ -29,11 +30,6 @@ public:
 
     /// The listener's objects must have gone.
     ~WaylandClient();
-
-    [[nodiscard]] bool isConnected() const { return m_display != nullptr; }
-
-    /// Returns the display, null while there is none.
-    [[nodiscard]] wl_display* display() const { return m_display.get(); }
 
     /// Breaks the connection off, once the call that led here has returned, to begin anew.
     void giveUp();
@@ -60,7 +56,8 @@ private:
     WaylandProxy m_registry;
     std::unique_ptr<DescriptorWatch> m_watch;
     QTimer m_retry;
-    std::chrono::milliseconds m_wait;
+    RetryWait m_wait;
+    std::chrono::steady_clock::time_point m_since; ///< when the display was connected
     bool m_hasGivenUp = false;
 };
 

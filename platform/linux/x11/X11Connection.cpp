@@ -51,4 +51,9 @@ bool X11Connection::hasExtension(std::string_view name) const {
     return reply && reply->present != 0;
 }
 
+void X11Connection::sync() const {
+    // Any answer says that all before it has been done.
+    xcbReply(get(), xcb_get_input_focus(get()), xcb_get_input_focus_reply);
+}
+
 } // namespace pallistrom

@@ -25,6 +25,9 @@ public:
 
     [[nodiscard]] bool hasExtension(std::string_view name) const;
 
+    /// Waits until the server has done all that it was asked for.
+    void sync() const;
+
     [[nodiscard]] int descriptor() const { return xcb_get_file_descriptor(get()); }
 
     /// Returns whether the server is still there, as far as is known.

@@ -160,6 +160,9 @@ X11HeldKeys X11Devices::answer(const Question& question, const X11KeyPositions& 
 }
 
 bool X11Devices::areOfXWayland(const X11Connection& connection) {
+    if (!connection.hasExtension("XInputExtension")) {
+        return false;
+    }
     const auto reply = queryDevices(connection.get());
     bool found = false;
     if (reply) {

@@ -2,6 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/x11/X11FrontWindow.h"
 
+#include <QString>
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <string>
 #include <string_view>
 
 namespace pallistrom {
@@ -30,13 +35,26 @@ std::string_view bytesOf(const xcb_get_property_reply_t& reply) {
             static_cast<std::size_t>(xcb_get_property_value_length(&reply))};
 }
 
+// By the standard it is in Latin-1; but programs write what they have, and that is UTF-8.
+std::string utf8(std::string_view bytes) {
+    bytes = bytes.substr(0, WindowClass::mostBytes);
+    const auto length = static_cast<qsizetype>(bytes.size());
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString text = decoder(QByteArrayView(bytes.data(), length));
+    if (!decoder.hasError()) {
+        return std::string(bytes);
+    }
+    // A letter becomes two bytes at most.
+    constexpr auto most = qsizetype{WindowClass::mostBytes / 2};
+    return QString::fromLatin1(bytes.data(), std::min(length, most)).toStdString();
+}
+
 // WM_CLASS holds two texts, each ended by a zero byte.
 WindowClass parseClass(std::string_view bytes) {
     const auto firstEnd = std::min(bytes.find('\0'), bytes.size());
-    WindowClass result{.instance = std::string(bytes.substr(0, firstEnd)), .name = {}};
+    const std::string_view instance = bytes.substr(0, firstEnd);
     bytes.remove_prefix(std::min(firstEnd + 1, bytes.size()));
-    result.name = bytes.substr(0, bytes.find('\0'));
-    return result;
+    return {.instance = utf8(instance), .name = utf8(bytes.substr(0, bytes.find('\0')))};
 }
 
 } // namespace
@@ -51,6 +69,10 @@ X11FrontWindow::X11FrontWindow(const X11Connection& connection)
 bool X11FrontWindow::isChange(const xcb_generic_event_t& event) const {
     return event.response_type == XCB_PROPERTY_NOTIFY &&
            reinterpret_cast<const xcb_property_notify_event_t&>(event).atom == m_activeWindow;
+}
+
+FrontReport X11FrontWindow::report() const {
+    return m_class == WindowClass() ? FrontReport::nobody() : FrontReport::of(m_class);
 }
 
 void X11FrontWindow::refresh() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/linux/applications/WindowClass.h"
+#include "platform/linux/front/FrontReport.h"
 #include "platform/linux/x11/X11Connection.h"
 
 #include <cstdint>
@@ -22,8 +23,8 @@ public:
 
     void refresh();
 
-    /// Returns the class of the window in front, with empty names when nobody can tell.
-    [[nodiscard]] const WindowClass& windowClass() const { return m_class; }
+    /// Returns which window is in front; nobody where the window manager does not say.
+    [[nodiscard]] FrontReport report() const;
 
 private:
     const X11Connection& m_connection;

@@ -84,8 +84,13 @@ private:
     XcbOwned<xcb_get_keyboard_mapping_reply_t> m_reply;
 };
 
-// Returns the type of XKB's events, or 0 where the server has no XKB.
-std::uint8_t useXkb(xcb_connection_t* connection) {
+// Returns the type of XKB's events, or 0 where the server has no XKB. libxcb would give the
+// connection up over a question to an extension that is not there.
+std::uint8_t useXkb(const X11Connection& server) {
+    if (!server.hasExtension("XKEYBOARD")) {
+        return 0;
+    }
+    xcb_connection_t* const connection = server.get();
     const auto use =
         xcbReply(connection,
                  xcb_xkb_use_extension(connection, XCB_XKB_MAJOR_VERSION, XCB_XKB_MINOR_VERSION),
@@ -135,7 +140,7 @@ std::vector<X11KeyPositions::Named> positionNames(xcb_connection_t* connection) 
 } // namespace
 
 X11Keyboard::X11Keyboard(const X11Connection& connection)
-    : m_xkbEvent(useXkb(connection.get())),
+    : m_xkbEvent(useXkb(connection)),
       m_positions(m_xkbEvent != 0 ? positionNames(connection.get())
                                   : std::vector<X11KeyPositions::Named>()) {
     const Symbols symbols(connection.get());

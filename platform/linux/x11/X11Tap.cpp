@@ -44,7 +44,9 @@ std::optional<Obstacle> X11Tap::findObstacle() const {
     if (X11Session::isOfWayland(*m_connection)) {
         return Obstacle::WaylandSession;
     }
-    return m_connection->hasExtension("XTEST") ? std::nullopt : std::optional(Obstacle::NoXTest);
+    const bool hasAll =
+        m_connection->hasExtension("XTEST") && m_connection->hasExtension("XInputExtension");
+    return hasAll ? std::nullopt : std::optional(Obstacle::NoXTest);
 }
 
 bool X11Tap::start(KeyFilter& filter) {
@@ -52,7 +54,8 @@ bool X11Tap::start(KeyFilter& filter) {
         return false;
     }
     m_filter = &filter;
-    m_session = std::make_unique<Session>(*m_connection);
+    m_session = std::make_unique<Session>(*m_connection, m_kindOf);
+    m_session->front.take(m_session->frontWindow.report());
     // What a run that was killed has left.
     m_session->sender.release(m_session->watch.heldKeys().forgotten,
                               m_session->keyboard.positions());
@@ -64,9 +67,11 @@ void X11Tap::stop() {
     if (isRunning()) {
         X11KeyGrabs(*m_connection).clear();
         m_session->watch.stop();
-        xcb_flush(m_connection->get());
+        m_connection->sync();
     }
     m_session.reset();
+    // The server would go on telling of all that the session has asked for, and nobody would read.
+    m_connection.reset();
     m_filter = nullptr;
 }
 
@@ -82,16 +87,21 @@ void X11Tap::serve() {
     bool hasMore = true;
     while (hasMore && isRunning()) {
         Changes changes;
-        while (const auto event =
-                   XcbOwned<xcb_generic_event_t>(xcb_poll_for_event(m_connection->get()))) {
+        while (const auto event = nextEvent()) {
             handle(*event, changes);
         }
         // What it asks of the server may bring further events along.
-        hasMore = follow(changes);
+        hasMore = isRunning() && follow(changes);
     }
     if (m_connection) {
         xcb_flush(m_connection->get());
     }
+}
+
+// None once what was served has stopped the tap.
+XcbOwned<xcb_generic_event_t> X11Tap::nextEvent() const {
+    return XcbOwned<xcb_generic_event_t>(isRunning() ? xcb_poll_for_event(m_connection->get())
+                                                     : nullptr);
 }
 
 void X11Tap::filterChanged() {
@@ -100,7 +110,7 @@ void X11Tap::filterChanged() {
 }
 
 FrontApplication X11Tap::inFront() const {
-    return m_kindOf(m_session->frontWindow.windowClass());
+    return m_session->front.application().value_or(FrontApplication::TakesEditingKeys);
 }
 
 void X11Tap::grabKeys() {
@@ -162,6 +172,7 @@ bool X11Tap::follow(const Changes& changes) {
     }
     if (changes.frontWindow) {
         m_session->frontWindow.refresh();
+        m_session->front.take(m_session->frontWindow.report());
         changesGrabs = changesGrabs || inFront() != wasInFront;
     }
     if (changesGrabs) {

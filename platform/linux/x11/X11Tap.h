@@ -5,7 +5,7 @@
 #include "platform/linux/TapWay.h"
 #include "platform/linux/VerdictChords.h"
 #include "platform/linux/applications/WindowClass.h"
-#include "platform/linux/front/FrontApplication.h"
+#include "platform/linux/front/FrontRule.h"
 #include "platform/linux/keys/OutputKeys.h"
 #include "platform/linux/x11/X11Clock.h"
 #include "platform/linux/x11/X11Connection.h"
@@ -59,10 +59,11 @@ public:
 private:
     /// What the tap knows of the server, and does to it, as long as it runs.
     struct Session {
-        explicit Session(const X11Connection& connection)
+        Session(const X11Connection& connection, const KindOfApplication& kindOf)
             : keyboard(connection),
               devices(connection),
               frontWindow(connection),
+              front(kindOf),
               clock(connection),
               sender(connection),
               watch(devices, sender, keyboard) {}
@@ -74,6 +75,7 @@ private:
         X11Keyboard keyboard;
         X11Devices devices;
         X11FrontWindow frontWindow;
+        FrontRule front;
         X11Clock clock;
         X11Sender sender;
         X11KeyWatch watch;
@@ -91,6 +93,7 @@ private:
     void grabKeys();
     void grabKey(const TappedKey& key);
     void handle(const xcb_generic_event_t& event, Changes& changes);
+    [[nodiscard]] XcbOwned<xcb_generic_event_t> nextEvent() const;
     [[nodiscard]] bool follow(const Changes& changes);
     void pressed(const xcb_key_press_event_t& event);
     /// What a key press becomes; nothing if it is not ours.

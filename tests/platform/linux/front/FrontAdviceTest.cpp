@@ -11,7 +11,6 @@ namespace pallistrom {
 
 namespace {
 
-using Knowledge = FrontAdvice::Knowledge;
 using State = GnomeExtension::State;
 
 constexpr State states[] = {
@@ -21,16 +20,9 @@ QVariantMap described(double state) {
     return {{QStringLiteral("state"), state}};
 }
 
-TEST(FrontAdvice, isSilentWhereTerminalsAreKnown) {
-    for (const State state : states) {
-        EXPECT_EQ(FrontAdvice::about(Knowledge::Known, state).text, "");
-        EXPECT_FALSE(FrontAdvice::about(Knowledge::Known, state).offersTheExtension);
-    }
-}
-
 TEST(FrontAdvice, saysWhatIsAmissAndOffersTheExtensionOnlyWhereItHelps) {
     for (const State state : states) {
-        const FrontAdvice advice = FrontAdvice::about(Knowledge::Unknown, state);
+        const FrontAdvice advice = FrontAdvice::about(state);
         EXPECT_EQ(advice.text.find("Terminals cannot be told apart here"), 0U);
         EXPECT_EQ(advice.text.back(), '.');
         EXPECT_EQ(advice.offersTheExtension, state == State::SwitchedOff);
@@ -40,7 +32,7 @@ TEST(FrontAdvice, saysWhatIsAmissAndOffersTheExtensionOnlyWhereItHelps) {
 TEST(FrontAdvice, differsByWhatWouldHelp) {
     std::set<std::string_view> texts;
     for (const State state : {State::NoShell, State::Missing, State::SwitchedOff, State::Broken}) {
-        texts.insert(FrontAdvice::about(Knowledge::Unknown, state).text);
+        texts.insert(FrontAdvice::about(state).text);
     }
     EXPECT_EQ(texts.size(), 4U);
 }

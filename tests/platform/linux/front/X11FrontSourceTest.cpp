@@ -2,15 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/front/X11FrontSource.h"
 
+#include "ActiveWindow.h"
 #include "EventLoop.h"
 #include "OneServer.h"
 #include "platform/linux/front/SessionFrontWatch.h"
 #include "platform/linux/x11/X11Session.h"
 
 #include <gtest/gtest.h>
-#include <xcb/xcb.h>
 
-#include <cstring>
 #include <memory>
 #include <optional>
 #include <set>
@@ -19,15 +18,6 @@
 namespace pallistrom {
 
 namespace {
-
-xcb_atom_t activeWindow(xcb_connection_t* connection) {
-    constexpr std::string_view name = "_NET_ACTIVE_WINDOW";
-    const e2e::XReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-        connection,
-        xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data()),
-        nullptr));
-    return reply->atom;
-}
 
 class X11FrontSourceTest : public testing::Test {
 protected:
@@ -38,29 +28,8 @@ protected:
         server.emplace();
     }
 
-    // As a window manager does with a window of that class.
     void bringToFront(const std::string& windowClass) const {
-        const e2e::XConnection& c = *server->connection;
-        const xcb_window_t window = xcb_generate_id(c);
-        xcb_create_window(c, 0, window, c.rootWindow(), 0, 0, 1, 1, 0, 0, 0, 0, nullptr);
-        const std::string bytes = windowClass + '\0' + windowClass + '\0';
-        xcb_change_property(c,
-                            XCB_PROP_MODE_REPLACE,
-                            window,
-                            XCB_ATOM_WM_CLASS,
-                            XCB_ATOM_STRING,
-                            8,
-                            static_cast<std::uint32_t>(bytes.size()),
-                            bytes.data());
-        xcb_change_property(c,
-                            XCB_PROP_MODE_REPLACE,
-                            c.rootWindow(),
-                            activeWindow(c),
-                            XCB_ATOM_WINDOW,
-                            32,
-                            1,
-                            &window);
-        xcb_flush(c);
+        pallistrom::bringToFront(*server->connection, windowClass);
     }
 
     void watch() {
@@ -84,7 +53,6 @@ protected:
 
 TEST_F(X11FrontSourceTest, knowsWhoIsInFrontFromTheStart) {
     bringToFront("XTerm");
-    static_cast<void>(activeWindow(*server->connection)); // An answer: all before it is done.
     watch();
     EXPECT_EQ(front->application(), FrontApplication::KeepsItsKeys);
     EXPECT_EQ(changes, 0);
@@ -105,6 +73,19 @@ TEST_F(X11FrontSourceTest, tellsWhenAnotherKindOfApplicationComesToTheFront) {
     ASSERT_TRUE(loop.runUntil(
         [this] { return front->application() == FrontApplication::TakesEditingKeys; }));
     EXPECT_EQ(front->window().name, "Gedit");
+}
+
+TEST_F(X11FrontSourceTest, readsNamesWhateverTheirLetters) {
+    watch();
+    bringToFront("\xC3\x9C"
+                 "ber"); // as programs write them
+    ASSERT_TRUE(loop.runUntil([this] { return front->window().name == "\u00DCber"; }));
+    bringToFront("\xDC"
+                 "bung"); // as the standard says
+    ASSERT_TRUE(loop.runUntil([this] { return front->window().name == "\u00DCbung"; }));
+    bringToFront(std::string(2 * WindowClass::mostBytes - 3, 'x'));
+    EXPECT_TRUE(loop.runUntil(
+        [this] { return front->window().name == std::string(WindowClass::mostBytes, 'x'); }));
 }
 
 TEST_F(X11FrontSourceTest, followsWhatIsSaidOfTheApplicationInFront) {

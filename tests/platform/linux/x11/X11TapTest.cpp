@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/x11/X11Tap.h"
 
+#include "ActiveWindow.h"
 #include "ChildProcess.h"
 #include "Environment.h"
 #include "HeldKeys.h"
@@ -21,6 +22,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pallistrom {
@@ -50,6 +52,21 @@ CGEventRef
 rewriteToPlain(CGEventTapProxy proxy, CGEventType type, CGEventRef event, void* userInfo) {
     CGEventSetFlags(event, 0);
     return rewriteAll(proxy, type, event, userInfo);
+}
+
+bool hasExtension(const e2e::XConnection& connection, std::string_view name) {
+    const e2e::XReply<xcb_query_extension_reply_t> reply(xcb_query_extension_reply(
+        connection,
+        xcb_query_extension(connection, static_cast<std::uint16_t>(name.size()), name.data()),
+        nullptr));
+    return reply->present != 0;
+}
+
+// What all programs together want to be told of.
+std::uint32_t selectionsOnRoot(const e2e::XConnection& connection) {
+    const e2e::XReply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+        connection, xcb_get_window_attributes(connection, connection.rootWindow()), nullptr));
+    return reply->all_event_masks;
 }
 
 Command server(std::vector<std::string> arguments) {
@@ -98,9 +115,10 @@ protected:
         {.keyCode = 13, .required = kCGEventFlagMaskControl, .forbidden = optionOrCommand},
         {.keyCode = 32, .required = kCGEventFlagMaskControl, .forbidden = optionOrCommand}};
     KeyFilter filter{rewriteAll, nullptr, keys};
+    const std::string keeper = "XTerm";
     FrontApplication inFront = FrontApplication::TakesEditingKeys;
-    X11Tap tap{[this](const WindowClass& /*window*/) {
-        return inFront;
+    X11Tap tap{[this](const WindowClass& window) {
+        return window.name == keeper ? FrontApplication::KeepsItsKeys : inFront;
     }};
 
 private:
@@ -174,12 +192,42 @@ TEST_F(X11TapTest, grabsOnlyWhatTheFilterWouldTouch) {
 
 TEST_F(X11TapTest, grabsNothingWhileTheApplicationInFrontIsLeftAlone) {
     startServer();
+    const e2e::XConnection other = connect();
+    bringToFront(other, "Gedit");
     inFront = FrontApplication::KeepsItsKeys;
     ASSERT_TRUE(tap.start(filter));
     EXPECT_FALSE(isGrabbed(connect(), controlW));
     inFront = FrontApplication::EditsBySelection;
     tap.filterChanged();
     EXPECT_TRUE(isGrabbed(connect(), controlW));
+}
+
+TEST_F(X11TapTest, treatsNobodyInFrontLikeTheWindowBefore) {
+    startServer();
+    ASSERT_TRUE(tap.start(filter));
+    const e2e::XConnection other = connect();
+    EXPECT_TRUE(isGrabbed(other, controlW)) << "there was none yet";
+    bringToFront(other, keeper);
+    ASSERT_TRUE(serveUntil([&] { return !isGrabbed(other, controlW); }));
+
+    bringNobodyToFront(other);
+    tap.filterChanged();
+    EXPECT_FALSE(isGrabbed(other, controlW));
+    bringToFront(other, "Gedit");
+    EXPECT_TRUE(serveUntil([&] { return isGrabbed(other, controlW); }));
+}
+
+TEST_F(X11TapTest, hearsNothingBetweenTwoStarts) {
+    startServer();
+    ASSERT_TRUE(tap.start(filter));
+    const e2e::XConnection other = connect();
+    tap.stop();
+    EXPECT_FALSE(isGrabbed(other, controlW));
+    EXPECT_EQ(selectionsOnRoot(other), 0U) << "the server would go on telling";
+
+    ASSERT_TRUE(tap.start(filter));
+    EXPECT_TRUE(isGrabbed(other, controlW));
+    EXPECT_NE(selectionsOnRoot(other), 0U);
 }
 
 TEST_F(X11TapTest, grabsWithEveryModifierThatDoesNotMatterAndNoneThatForbids) {
@@ -307,7 +355,7 @@ TEST_F(X11TapTest, staysOnThePhysicalKeyWhateverTheLayout) {
 
 TEST_F(X11TapTest, runsOnAServerWithoutXkb) {
     startServer({"-extension", "XKEYBOARD"});
-    if (!tap.canRun()) {
+    if (hasExtension(connect(), "XKEYBOARD")) {
         GTEST_SKIP() << "this server cannot do without";
     }
     EXPECT_TRUE(tap.start(filter));
