@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/update/install/ArchiveRules.h"
 #include "platform/linux/OwnedDescriptor.h"
+#include "platform/linux/update/install/ArchiveRules.h"
 #include "platform/linux/update/install/TarReader.h"
 
 #include <filesystem>
