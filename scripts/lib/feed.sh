@@ -30,12 +30,14 @@ TEXT
 
 # feed_enclosure SITE ARCHIVE: the archive's name says for which machine it is.
 feed_enclosure() {
-    local site archive=$2 name machine
+    local site archive=$2 name machine signature
     site=$(xml_text <<<"$1")
+    # On a line of its own, or nobody would hear of a failure.
+    signature=$(signature_of "$archive")
     name=$(basename "$archive")
     machine=${name##*-linux-}
     printf '      <enclosure url="%s" length="%s" type="application/x-xz" sparkle:os="linux-%s" sparkle:edSignature="%s"/>\n' \
-        "$site/$name" "$(stat -L -c %s "$archive")" "${machine%.tar.xz}" "$(signature_of "$archive")"
+        "$site/$name" "$(stat -L -c %s "$archive")" "${machine%.tar.xz}" "$signature"
 }
 
 # feed_item SITE VERSION ELEMENTS ARCHIVE...: notes come from standard input, ELEMENTS go in as they
@@ -79,9 +81,10 @@ unsigned_feed() {
 
 # signed_feed FILE: the feed with its signature.
 signed_feed() {
+    local signature
+    signature=$(signature_of "$1")
     cat "$1"
-    printf '<!-- sparkle-signatures:\nedSignature: %s\nlength: %s\n-->\n' \
-        "$(signature_of "$1")" "$(stat -c %s "$1")"
+    printf '<!-- sparkle-signatures:\nedSignature: %s\nlength: %s\n-->\n' "$signature" "$(stat -c %s "$1")"
 }
 
 # add_item FEED ITEM: the feed with an item before all others.
@@ -93,4 +96,23 @@ add_item() {
         }
         { print }
     ' "$1"
+}
+
+# released_feed SITE VERSION ELEMENTS OLD-FEED ARCHIVE...: the signed feed in which a release stands
+# before those of an old feed, which may be empty: no file's name. Notes come from standard input.
+released_feed() {
+    local site=$1 version=$2 elements=$3 oldFeed=$4 scratch
+    shift 4
+    scratch=$(mktemp -d)
+    if [[ -n $oldFeed ]]; then
+        unsigned_feed "$oldFeed" >"$scratch/before" || refuse "$oldFeed is not signed with this key"
+        ! grep -Fq "<sparkle:version>$version</sparkle:version>" "$scratch/before" ||
+            refuse "$oldFeed has version $version already"
+    else
+        empty_feed "$site" >"$scratch/before"
+    fi
+    feed_item "$site" "$version" "$elements" "$@" >"$scratch/item"
+    add_item "$scratch/before" "$scratch/item" >"$scratch/after"
+    signed_feed "$scratch/after"
+    rm -r "$scratch"
 }
