@@ -192,14 +192,20 @@ bool readText(AppcastReader& reader, Draft& draft) {
     return false;
 }
 
+void readNotes(AppcastReader& reader, Draft& draft) {
+    if (draft.item.notes.empty()) {
+        const bool isPlain = reader.updateAttribute(QLatin1String("format")) == "plain-text";
+        const std::string notes = reader.notes();
+        draft.item.notes = isPlain ? PlainNotes::ofPlain(notes) : PlainNotes::of(notes);
+    }
+}
+
 void readChild(AppcastReader& reader, Draft& draft) {
     if (readText(reader, draft)) {
         return;
     }
     if (reader.isPlain(QLatin1String("description"))) {
-        if (draft.item.notes.empty()) {
-            draft.item.notes = PlainNotes::of(reader.notes());
-        }
+        readNotes(reader, draft);
     } else if (reader.isPlain(QLatin1String("enclosure"))) {
         readArchive(reader, draft);
     } else if (reader.isUpdate(QLatin1String("criticalUpdate"))) {

@@ -168,6 +168,13 @@ bool hasMarkup(QStringView text) {
     return false;
 }
 
+QString withOneKindOfBreak(std::string_view notes) {
+    QString text = qtText(notes);
+    text.replace(QChar(QChar::LineSeparator), QLatin1Char('\n'));
+    text.replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
+    return text;
+}
+
 QString tidy(const QString& text) {
     QStringList lines;
     for (const QString& rawLine : text.split(QLatin1Char('\n'))) {
@@ -185,10 +192,12 @@ QString tidy(const QString& text) {
 } // namespace
 
 std::string of(std::string_view notes) {
-    QString text = qtText(notes);
-    text.replace(QChar(QChar::LineSeparator), QLatin1Char('\n'));
-    text.replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
+    const QString text = withOneKindOfBreak(notes);
     return tidy(hasMarkup(text) ? withoutMarkup(text) : text).toStdString();
+}
+
+std::string ofPlain(std::string_view notes) {
+    return tidy(withOneKindOfBreak(notes)).toStdString();
 }
 
 std::string line(std::string_view text) {

@@ -15,6 +15,9 @@ namespace pallistrom::PlainNotes {
 /// lines but for one between others.
 [[nodiscard]] std::string of(std::string_view notes);
 
+/// The same of notes that are said to be plain text: a tag in them stands for itself.
+[[nodiscard]] std::string ofPlain(std::string_view notes);
+
 /// Returns `text` as one line without any such character.
 [[nodiscard]] std::string line(std::string_view text);
 

@@ -240,6 +240,14 @@ TEST(Appcast, isBoundedInDepth) {
     EXPECT_THAT(Appcast::parse(feed(item("2", deep))).problem, HasSubstr("within each other"));
 }
 
+TEST(Appcast, takesTagsForMarkupUnlessTheNotesAreSaidToBePlain) {
+    const std::string notes = "One &lt;b&gt;two&lt;/b&gt;\nthree</description>";
+    EXPECT_EQ(only("<description>" + notes).notes, "One two three");
+    EXPECT_EQ(only("<description sparkle:format='html'>" + notes).notes, "One two three");
+    EXPECT_EQ(only("<description sparkle:format='plain-text'>" + notes).notes,
+              "One <b>two</b>\nthree");
+}
+
 TEST(Appcast, isBoundedInItsTexts) {
     const std::string longText(3000, 'x');
     EXPECT_THAT(Appcast::parse(feed(item("2", "<link>" + longText + "</link>") + item("1"))).items,

@@ -58,6 +58,11 @@ INSTANTIATE_TEST_SUITE_P(
                     Notes{"controls", "a\x1b[31mb\x07\x7f", "a[31mb"}),
     [](const auto& row) { return std::string(row.param.name); });
 
+TEST(PlainNotes, leavesTagsInWhatIsSaidToBePlain) {
+    EXPECT_EQ(PlainNotes::ofPlain("- <b>One</b> &amp;\n\n\n- Two\u2028\u202E\x1b"),
+              "- <b>One</b> &amp;\n\n- Two");
+}
+
 TEST(PlainNotes, makesOneLine) {
     EXPECT_EQ(PlainNotes::line(" 1.0\n beta\u202E\x1b "), "1.0 beta");
 }
