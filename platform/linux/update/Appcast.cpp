@@ -45,66 +45,31 @@ struct TextElement {
     std::string& (*field)(Draft& draft);
 };
 
-// Of the name space of updates.
-const std::array updateTexts{
-    TextElement{QLatin1String("version"), [](Draft& d) -> auto& {return d.item.version;
-} // namespace
-} // namespace pallistrom
+// clang-format off
 
-, TextElement{QLatin1String("shortVersionString"),
-              [](Draft& d) -> auto& {return d.item.shortVersion;
-}
-}
-, TextElement{QLatin1String("channel"), [](Draft& d) -> auto& {return d.item.channel;
-}
-}
-, TextElement{QLatin1String("minimumSystemVersion"),
-              [](Draft& d) -> auto& {return d.item.minimumSystemVersion;
-}
-}
-, TextElement{QLatin1String("maximumSystemVersion"),
-              [](Draft& d) -> auto& {return d.item.maximumSystemVersion;
-}
-}
-, TextElement{QLatin1String("minimumUpdateVersion"),
-              [](Draft& d) -> auto& {return d.item.minimumUpdateVersion;
-}
-}
-, TextElement{QLatin1String("minimumAutoupdateVersion"),
-              [](Draft& d) -> auto& {return d.item.minimumAutoupdateVersion;
-}
-}
-, TextElement{QLatin1String("ignoreSkippedUpgradesBelowVersion"),
-              [](Draft& d) -> auto& {return d.item.unskippedBelow;
-}
-}
-, TextElement{QLatin1String("hardwareRequirements"), [](Draft& d) -> auto& {return d.hardware;
-}
-}
-, TextElement{QLatin1String("phasedRolloutInterval"),
-              [](Draft& d) -> auto& {return d.rollOutInterval;
-}
-}
-, TextElement{QLatin1String("releaseNotesLink"), [](Draft& d) -> auto& {return d.notesLink;
-}
-}
-, TextElement{QLatin1String("fullReleaseNotesLink"), [](Draft& d) -> auto& {return d.fullNotesLink;
-}
-}
-,
-}
-;
+// Of the name space of updates.
+const std::array<TextElement, 12> updateTexts{{
+    {QLatin1String("version"), [](Draft& d) -> std::string& { return d.item.version; }},
+    {QLatin1String("shortVersionString"), [](Draft& d) -> std::string& { return d.item.shortVersion; }},
+    {QLatin1String("channel"), [](Draft& d) -> std::string& { return d.item.channel; }},
+    {QLatin1String("minimumSystemVersion"), [](Draft& d) -> std::string& { return d.item.minimumSystemVersion; }},
+    {QLatin1String("maximumSystemVersion"), [](Draft& d) -> std::string& { return d.item.maximumSystemVersion; }},
+    {QLatin1String("minimumUpdateVersion"), [](Draft& d) -> std::string& { return d.item.minimumUpdateVersion; }},
+    {QLatin1String("minimumAutoupdateVersion"), [](Draft& d) -> std::string& { return d.item.minimumAutoupdateVersion; }},
+    {QLatin1String("ignoreSkippedUpgradesBelowVersion"), [](Draft& d) -> std::string& { return d.item.unskippedBelow; }},
+    {QLatin1String("hardwareRequirements"), [](Draft& d) -> std::string& { return d.hardware; }},
+    {QLatin1String("phasedRolloutInterval"), [](Draft& d) -> std::string& { return d.rollOutInterval; }},
+    {QLatin1String("releaseNotesLink"), [](Draft& d) -> std::string& { return d.notesLink; }},
+    {QLatin1String("fullReleaseNotesLink"), [](Draft& d) -> std::string& { return d.fullNotesLink; }},
+}};
 
 // Of plain RSS.
-const std::array plainTexts{TextElement{QLatin1String("link"), [](Draft& d) -> auto& {return d.link;
-}
-}
-, TextElement{QLatin1String("pubDate"), [](Draft& d) -> auto& {return d.published;
-}
-}
-,
-}
-;
+const std::array<TextElement, 2> plainTexts{{
+    {QLatin1String("link"), [](Draft& d) -> std::string& { return d.link; }},
+    {QLatin1String("pubDate"), [](Draft& d) -> std::string& { return d.published; }},
+}};
+
+// clang-format on
 
 template<typename Number>
 std::optional<Number> number(std::string_view text) {

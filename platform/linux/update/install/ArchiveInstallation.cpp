@@ -4,6 +4,7 @@
 
 #include "platform/linux/update/install/FolderExchange.h"
 #include "platform/linux/update/install/NewProgram.h"
+#include "platform/linux/update/install/PackedFiles.h"
 #include "platform/linux/update/install/Problems.h"
 #include "platform/linux/update/install/Tools.h"
 
@@ -11,6 +12,7 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <fstream>
 #include <string_view>
 #include <utility>
@@ -20,6 +22,9 @@ namespace pallistrom {
 namespace {
 
 namespace fs = std::filesystem;
+
+// It answers at once; but the computer may be slow.
+constexpr std::chrono::seconds trialTime{30};
 
 QString unpackerOf(const fs::path& archive) {
     std::array<char, 6> beginning{};
@@ -74,16 +79,18 @@ void ArchiveInstallation::unpack() {
     QObject::connect(
         &m_process, &QProcess::readyReadStandardOutput, &m_process, [this] { takeBytes(); });
     QObject::connect(&m_process, &QProcess::finished, &m_process, [this] { unpacked(); });
-    startProcess();
+    startProcess(Problems::missingTool(unpacker.toStdString()));
 }
 
-void ArchiveInstallation::startProcess() {
-    QObject::connect(
-        &m_process, &QProcess::errorOccurred, &m_process, [this](QProcess::ProcessError error) {
-            if (error == QProcess::FailedToStart) {
-                finish(Problems::missingTool(m_process.program().toStdString()));
-            }
-        });
+void ArchiveInstallation::startProcess(const std::string& problemIfNot) {
+    QObject::connect(&m_process,
+                     &QProcess::errorOccurred,
+                     &m_process,
+                     [this, problemIfNot](QProcess::ProcessError error) {
+                         if (error == QProcess::FailedToStart) {
+                             finish(problemIfNot);
+                         }
+                     });
     m_process.start(QIODevice::ReadOnly);
 }
 
@@ -110,26 +117,52 @@ void ArchiveInstallation::unpacked() {
 }
 
 void ArchiveInstallation::sync() {
+    const QString tool = QStringLiteral("sync");
     Tools::prepare(
         m_process,
-        QStringLiteral("sync"),
+        tool,
         {QStringLiteral("--file-system"), QFile::decodeName(m_folder->content().c_str())});
     m_process.setStandardInputFile(QProcess::nullDevice());
     QObject::connect(&m_process, &QProcess::finished, &m_process, [this] {
         m_process.disconnect();
         if (hasSucceeded(m_process)) {
-            exchange();
+            examine();
         } else {
             finishWithError(EIO);
         }
     });
-    startProcess();
+    startProcess(Problems::missingTool(tool.toStdString()));
+}
+
+void ArchiveInstallation::examine() {
+    const auto verdict = NewProgram::examine(m_folder->content(), m_order.version, m_order.running);
+    if (verdict == NewProgram::Verdict::Fits) {
+        tryOut();
+    } else {
+        finish(Problems::unfit(verdict));
+    }
+}
+
+// An exchange for a program that wants newer libraries would leave the user without any.
+void ArchiveInstallation::tryOut() {
+    NewProgram::prepareTrial(m_process, m_folder->content());
+    QObject::connect(&m_process, &QProcess::finished, &m_process, [this] {
+        m_process.disconnect();
+        if (hasSucceeded(m_process)) {
+            exchange();
+        } else {
+            finish(Problems::doesNotStart());
+        }
+    });
+    m_turn.disconnect();
+    QObject::connect(&m_turn, &QTimer::timeout, &m_turn, [this] { m_process.kill(); });
+    m_turn.start(trialTime);
+    startProcess(Problems::doesNotStart());
 }
 
 void ArchiveInstallation::exchange() {
-    const auto verdict = NewProgram::examine(m_folder->content(), m_order.version, m_order.running);
-    if (verdict != NewProgram::Verdict::Fits) {
-        finish(Problems::unfit(verdict));
+    if (!PackedFiles::areAllIn(m_order.topFolder)) {
+        finish(Problems::sharedFolder(m_order.topFolder));
         return;
     }
     finishWithError(

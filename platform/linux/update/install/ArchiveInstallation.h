@@ -22,6 +22,7 @@ namespace pallistrom {
 ///     unpack   into a folder beside the program's, nothing of which anybody looks at
 ///     sync     until all of it is on the disk
 ///     examine  whether it is what was offered, for this computer
+///     try      whether it starts here, with the libraries that this system has
 ///     exchange the two folders
 ///     remove   the one beside, which now holds the old version
 ///
@@ -48,10 +49,12 @@ public:
 private:
     void begin();
     void unpack();
-    void startProcess();
+    void startProcess(const std::string& problemIfNot);
     void takeBytes();
     void unpacked();
     void sync();
+    void examine();
+    void tryOut();
     void exchange();
     void finish(const std::string& problem);
     void finishWithError(int error);

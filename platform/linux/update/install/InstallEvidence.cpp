@@ -5,6 +5,7 @@
 #include "pallistrom/Names.h"
 #include "platform/linux/SessionPaths.h"
 #include "platform/linux/ThisProgram.h"
+#include "platform/linux/update/install/PackedFiles.h"
 
 #include <unistd.h>
 
@@ -45,7 +46,8 @@ InstallEvidence InstallEvidence::ofProgram(const fs::path& file) {
     evidence.isInSandbox = isSandboxed(file);
     const fs::path top = evidence.topFolder();
     std::error_code ignored;
-    evidence.hasMarker = !top.empty() && fs::is_regular_file(markerIn(top), ignored);
+    evidence.hasMarker = !top.empty() && fs::is_regular_file(PackedFiles::listIn(top), ignored);
+    evidence.isAlone = evidence.hasMarker && PackedFiles::areAllIn(top);
     evidence.isOurs = top.empty() ? canWriteTo(file.parent_path())
                                   : canWriteTo(top) && canWriteTo(top.parent_path());
     return evidence;
@@ -66,7 +68,7 @@ InstallKind InstallEvidence::kind() const {
                                                         : InstallKind::Package;
     }
     if (hasMarker) {
-        return isOurs ? InstallKind::ReplaceItself : InstallKind::Elsewhere;
+        return isOurs && isAlone ? InstallKind::ReplaceItself : InstallKind::Elsewhere;
     }
     return isOurs ? InstallKind::Elsewhere : InstallKind::Package;
 }
@@ -77,10 +79,6 @@ fs::path InstallEvidence::topFolder() const {
     const bool fits = program.is_absolute() && folder.filename() == "bin" &&
                       program.filename() == Names::program && top.has_relative_path();
     return fits ? top : fs::path();
-}
-
-fs::path InstallEvidence::markerIn(const fs::path& topFolder) {
-    return topFolder / "share" / Names::dataFolder / "relocatable";
 }
 
 } // namespace pallistrom

@@ -13,6 +13,7 @@ struct InstallEvidence {
     std::filesystem::path program; ///< its file, free of links
     bool isInSandbox = false; ///< of Flatpak, Snap or an AppImage, which bring updates themselves
     bool hasMarker = false;   ///< whether its folder says that it comes from our archive
+    bool isAlone = false;     ///< whether nothing lies in its folder but what the archive brought
     bool isOurs = false;      ///< whether its folder, and the one that holds it, can be written to
 
     /// Looks at the program `file` that runs.
@@ -24,9 +25,6 @@ struct InstallEvidence {
     /// Returns the folder that holds all of the program, if it is laid out as in our archive:
     /// bin/pallistrom, share/pallistrom. Empty otherwise.
     [[nodiscard]] std::filesystem::path topFolder() const;
-
-    /// Returns where the marker lies below a top folder.
-    [[nodiscard]] static std::filesystem::path markerIn(const std::filesystem::path& topFolder);
 };
 
 } // namespace pallistrom

@@ -4,8 +4,13 @@
 
 #include "pallistrom/Names.h"
 #include "platform/Bundle.h"
+#include "platform/linux/application/CommandLine.h"
 #include "platform/linux/bundle/InformationList.h"
-#include "platform/linux/update/install/InstallEvidence.h"
+#include "platform/linux/update/install/PackedFiles.h"
+#include "platform/linux/update/install/Tools.h"
+
+#include <QFile>
+#include <QProcessEnvironment>
 
 #include <unistd.h>
 
@@ -28,6 +33,10 @@ std::string headerOf(const fs::path& file) {
     return {header.data(), static_cast<std::size_t>(stream.gcount())};
 }
 
+fs::path programIn(const fs::path& folder) {
+    return folder / "bin" / Names::program;
+}
+
 // A file itself: a link might lead to something else by the time it is started.
 bool isFile(const fs::path& path) {
     std::error_code ignored;
@@ -48,10 +57,25 @@ std::string machineIn(std::string_view header) {
            std::string(header.substr(machineOffset, headerSize - machineOffset));
 }
 
+void prepareTrial(QProcess& process, const fs::path& folder) {
+    Tools::prepare(process,
+                   QFile::decodeName(programIn(folder).c_str()),
+                   {QString::fromLatin1(CommandLine::version)});
+    QProcessEnvironment environment = process.processEnvironment();
+    // A function that is missing is to be missed now, not when it is called.
+    environment.insert(QStringLiteral("LD_BIND_NOW"), QStringLiteral("1"));
+    const QString libraries = QStringLiteral("LD_LIBRARY_PATH");
+    if (qEnvironmentVariableIsSet("LD_LIBRARY_PATH")) {
+        environment.insert(libraries, qEnvironmentVariable("LD_LIBRARY_PATH"));
+    }
+    process.setProcessEnvironment(environment);
+    process.setStandardInputFile(QProcess::nullDevice());
+}
+
 Verdict
 examine(const fs::path& folder, const std::string& offeredVersion, const fs::path& running) {
-    const fs::path program = folder / "bin" / Names::program;
-    if (!isFile(InstallEvidence::markerIn(folder)) || !isFile(program) ||
+    const fs::path program = programIn(folder);
+    if (!isFile(PackedFiles::listIn(folder)) || !isFile(program) ||
         access(program.c_str(), X_OK) != 0) {
         return Verdict::Incomplete;
     }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QProcess>
+
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -21,6 +23,10 @@ enum class Verdict : std::uint8_t {
 [[nodiscard]] Verdict examine(const std::filesystem::path& folder,
                               const std::string& offeredVersion,
                               const std::filesystem::path& running);
+
+/// Prepares `process` to start the program in `folder` for a moment, in which it shows nothing and
+/// ends with status 0 if all of its libraries are here.
+void prepareTrial(QProcess& process, const std::filesystem::path& folder);
 
 /// Returns for which processors the program is whose file begins with `header`; empty if it is no
 /// program. Form: ELF.

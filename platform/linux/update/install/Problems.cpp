@@ -39,6 +39,14 @@ std::string missingTool(const std::string& program) {
                    ", which unpacking takes, is not installed.");
 }
 
+std::string sharedFolder(const std::filesystem::path& folder) {
+    return asItWas("Other files lie in the program's folder, " + folder.string() + ".");
+}
+
+std::string doesNotStart() {
+    return asItWas("The new version does not start on this system.");
+}
+
 std::string unfit(NewProgram::Verdict verdict) {
     switch (verdict) {
     case NewProgram::Verdict::OtherVersion:

@@ -17,6 +17,12 @@ namespace pallistrom::Problems {
 
 [[nodiscard]] std::string missingTool(const std::string& program);
 
+/// Things of others lie in the program's own `folder`.
+[[nodiscard]] std::string sharedFolder(const std::filesystem::path& folder);
+
+/// The new version needs what this system does not have.
+[[nodiscard]] std::string doesNotStart();
+
 /// `verdict` is any but Fits.
 [[nodiscard]] std::string unfit(NewProgram::Verdict verdict);
 

@@ -215,6 +215,31 @@ TEST_F(ArchiveInstallationTest, refusesWhatIsNotWhatWasOffered) {
     expectNothingChanged();
 }
 
+TEST_F(ArchiveInstallationTest, refusesWhatDoesNotStartHere) {
+    // A whole program but for its end, and one that says no.
+    std::string& file = newer["bin/pallistrom"];
+    const std::string whole = file;
+    file.resize(64);
+    pack(ProgramTree::packed(newer));
+    EXPECT_THAT(install(), HasSubstr("does not start"));
+    std::ifstream other("/usr/bin/false", std::ios::binary);
+    file.assign(std::istreambuf_iterator<char>(other), {});
+    pack(ProgramTree::packed(newer));
+    EXPECT_THAT(install(), HasSubstr("does not start"));
+    expectNothingChanged();
+    file = whole;
+    pack(ProgramTree::packed(newer));
+    EXPECT_EQ(install(), "");
+}
+
+TEST_F(ArchiveInstallationTest, leavesAFolderAloneInWhichOthersHaveFiles) {
+    pack(ProgramTree::packed(newer));
+    std::ofstream(top / "notes.txt") << "mine";
+    EXPECT_THAT(install(), HasSubstr("Other files lie in"));
+    old["notes.txt"] = "mine";
+    expectNothingChanged();
+}
+
 TEST_F(ArchiveInstallationTest, losesNothingWhereNothingCanBeWritten) {
     pack(ProgramTree::packed(newer));
     InChildProcess::giveToNobody(folder.path());

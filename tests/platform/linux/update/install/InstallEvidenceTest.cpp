@@ -5,6 +5,7 @@
 #include "Environment.h"
 #include "InChildProcess.h"
 #include "TemporaryFolder.h"
+#include "platform/linux/update/install/PackedFiles.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -28,6 +29,7 @@ struct Row {
     bool hasMarker;
     bool isOurs;
     InstallKind kind;
+    bool isAlone = true;
 };
 
 void PrintTo(const Row& row, std::ostream* out) {
@@ -41,6 +43,7 @@ TEST_P(InstallKindTest, isDecidedByEvidence) {
     const InstallEvidence evidence{.program = row.program,
                                    .isInSandbox = row.isInSandbox,
                                    .hasMarker = row.hasMarker,
+                                   .isAlone = row.isAlone,
                                    .isOurs = row.isOurs};
     EXPECT_EQ(evidence.kind(), row.kind);
 }
@@ -62,6 +65,7 @@ constexpr std::array rows{
     Row{"neverBelowUsrLocal",    "/usr/local/bin/pallistrom",     false, true,  true,  Elsewhere},
     Row{"archive",               home,                            false, true,  true,  ReplaceItself},
     Row{"archiveOfOthers",       home,                            false, true,  false, Elsewhere},
+    Row{"archiveAmongOthers",    "/home/ann/.local/bin/pallistrom", false, true, true, Elsewhere, false},
     Row{"buildTree",             "/home/ann/build/pallistrom",    false, false, true,  Elsewhere},
     Row{"placeOfOthers",         "/srv/tools/bin/pallistrom",     false, false, false, Package},
     Row{"notQuiteUsr",           "/usrlocal/bin/pallistrom",      false, true,  true,  ReplaceItself},
@@ -92,8 +96,8 @@ class InstallEvidenceOnDisk : public testing::Test {
 protected:
     InstallEvidenceOnDisk() {
         fs::create_directories(top / "bin");
-        fs::create_directories(InstallEvidence::markerIn(top).parent_path());
-        std::ofstream(InstallEvidence::markerIn(top)) << "";
+        fs::create_directories(PackedFiles::listIn(top).parent_path());
+        std::ofstream(PackedFiles::listIn(top)) << "share/pallistrom/relocatable\n";
     }
 
     [[nodiscard]] InstallKind kind() const {
@@ -106,7 +110,12 @@ protected:
 
 TEST_F(InstallEvidenceOnDisk, knowsOurArchiveByItsMarker) {
     EXPECT_EQ(kind(), ReplaceItself);
-    fs::remove(InstallEvidence::markerIn(top));
+    fs::remove(PackedFiles::listIn(top));
+    EXPECT_EQ(kind(), Elsewhere);
+}
+
+TEST_F(InstallEvidenceOnDisk, replacesNoFolderThatItSharesWithOthers) {
+    std::ofstream(top / "bin" / "other") << "theirs";
     EXPECT_EQ(kind(), Elsewhere);
 }
 

@@ -28,14 +28,17 @@ std::string linkTo(const std::string& target) {
 } // namespace
 
 Tree ofVersion(const std::string& version) {
-    constexpr std::size_t headerSize = 64;
-    std::string header(headerSize, '\0');
-    std::ifstream("/proc/self/exe", std::ios::binary).read(header.data(), headerSize);
-    return {{program, header + version},
-            {"share/pallistrom/Info.json", "{\"CFBundleShortVersionString\": \"" + version + "\"}"},
-            {"share/pallistrom/relocatable", ""},
-            {"share/doc/" + version, std::string(3000, 'x') + version},
-            {"share/doc/newest", linkTo(version)}};
+    // What follows a program in its file does not keep it from running.
+    Tree tree{
+        {program, contentOf(STARTING_PROGRAM) + version},
+        {"share/pallistrom/Info.json", "{\"CFBundleShortVersionString\": \"" + version + "\"}"},
+        {"share/doc/" + version, std::string(3000, 'x') + version},
+        {"share/doc/newest", linkTo(version)}};
+    std::string& list = tree["share/pallistrom/relocatable"];
+    for (const auto& entry : tree) {
+        list += entry.first + '\n';
+    }
+    return tree;
 }
 
 void write(const Tree& tree, const fs::path& folder) {
