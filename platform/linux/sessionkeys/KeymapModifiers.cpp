@@ -13,8 +13,6 @@ namespace pallistrom {
 
 namespace {
 
-/// Of XKB: the real modifiers, of which each key event carries a bit.
-constexpr std::size_t realModifiers = 8;
 constexpr xkb_mod_mask_t shiftBit = 1U << 0U;
 constexpr xkb_mod_mask_t lockBit = 1U << 1U;
 constexpr xkb_mod_mask_t controlBit = 1U << 2U;
@@ -118,12 +116,18 @@ public:
         forEachKeycode([this](xkb_keycode_t keycode) { learnMeanings(keycode); });
     }
 
-    [[nodiscard]] ModifierTable table() const {
-        ModifierTable table;
+    [[nodiscard]] KeymapModifiers modifiers() const {
+        KeymapModifiers modifiers;
         forEachKeycode([&](xkb_keycode_t keycode) {
-            table.set(static_cast<EvdevCode>(keycode - keycodeOffset), modifierOfKey(keycode));
+            if (const Modifier modifier = modifierOfKey(keycode); modifier != Modifier::None) {
+                modifiers.keys.emplace(keycode, modifier);
+            }
         });
-        return table;
+        modifiers.bits = {Modifier::Shift, Modifier::CapsLock, Modifier::Control};
+        for (std::size_t bit = firstUnnamed; bit < KeymapModifiers::bitCount; ++bit) {
+            modifiers.bits.at(bit) = pallistrom::modifierOf(m_meanings.at(bit));
+        }
+        return modifiers;
     }
 
 private:
@@ -155,7 +159,7 @@ private:
 
     void learnMeaning(const Effect& effect) {
         const Meaning meaning = meaningOf(effect.symbol);
-        for (std::size_t bit = firstUnnamed; bit < realModifiers; ++bit) {
+        for (std::size_t bit = firstUnnamed; bit < KeymapModifiers::bitCount; ++bit) {
             if ((effect.held & (1U << bit)) != 0) {
                 m_meanings.at(bit) = std::min(m_meanings.at(bit), meaning);
             }
@@ -197,7 +201,7 @@ private:
     }
 
     [[nodiscard]] bool has(xkb_mod_mask_t mask, Modifier modifier) const {
-        for (std::size_t bit = firstUnnamed; bit < realModifiers; ++bit) {
+        for (std::size_t bit = firstUnnamed; bit < KeymapModifiers::bitCount; ++bit) {
             if ((mask & (1U << bit)) != 0 &&
                 pallistrom::modifierOf(m_meanings.at(bit)) == modifier) {
                 return true;
@@ -207,8 +211,8 @@ private:
     }
 
     xkb_keymap& m_keymap;
-    std::array<Meaning, realModifiers> m_meanings = [] {
-        std::array<Meaning, realModifiers> none{};
+    std::array<Meaning, KeymapModifiers::bitCount> m_meanings = [] {
+        std::array<Meaning, KeymapModifiers::bitCount> none{};
         none.fill(Meaning::Other);
         return none;
     }();
@@ -216,8 +220,20 @@ private:
 
 } // namespace
 
+KeymapModifiers KeymapModifiers::of(xkb_keymap& keymap) {
+    return KeymapReader(keymap).modifiers();
+}
+
 ModifierTable modifiersOf(xkb_keymap& keymap) {
-    return KeymapReader(keymap).table();
+    ModifierTable table;
+    for (const auto& [keycode, modifier] : KeymapModifiers::of(keymap).keys) {
+        table.set(static_cast<EvdevCode>(keycode - keycodeOffset), modifier);
+    }
+    return table;
+}
+
+Modifier modifierOfSymbol(std::uint32_t symbol) {
+    return modifierOf(meaningOf(symbol));
 }
 
 } // namespace pallistrom

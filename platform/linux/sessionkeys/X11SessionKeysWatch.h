@@ -17,17 +17,15 @@ public:
     X11SessionKeysWatch(std::unique_ptr<X11Connection> connection,
                         std::function<void()> whenChanged);
 
-    [[nodiscard]] const ModifierTable& modifiers() const override { return m_modifiers; }
+    [[nodiscard]] const ModifierTable& modifiers() const override { return m_keyboard.modifiers(); }
 
 private:
-    [[nodiscard]] ModifierTable readModifiers() const;
     void look();
     void serve();
 
     std::unique_ptr<X11Connection> m_connection;
     std::function<void()> m_whenChanged;
     X11Keyboard m_keyboard;
-    ModifierTable m_modifiers;
     std::unique_ptr<DescriptorWatch> m_watch;
 };
 

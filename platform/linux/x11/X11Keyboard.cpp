@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/x11/X11Keyboard.h"
 
-#include <X11/keysym.h>
+#include "platform/linux/sessionkeys/KeymapModifiers.h"
+#include "platform/linux/sessionkeys/X11Keymap.h"
 
 // A field of its protocol is called "explicit".
 #ifdef __clang__
@@ -12,6 +13,7 @@
 #include <xcb/xkb.h>
 #undef explicit
 
+#include <algorithm>
 #include <cstring>
 #include <iterator>
 #include <string>
@@ -19,27 +21,6 @@
 namespace pallistrom {
 
 namespace {
-
-// What a key with this symbol does when the modifier map has it at one of Mod1 to Mod5.
-Modifier modifierOfSymbol(xcb_keysym_t symbol) {
-    switch (symbol) {
-    case XK_Alt_L:
-    case XK_Alt_R:
-    case XK_Meta_L:
-    case XK_Meta_R:
-        return Modifier::Option;
-    case XK_Super_L:
-    case XK_Super_R:
-    case XK_Hyper_L:
-    case XK_Hyper_R:
-        return Modifier::Command;
-    case XK_ISO_Level3_Shift:
-    case XK_Mode_switch:
-        return Modifier::Level3;
-    default:
-        return Modifier::None;
-    }
-}
 
 // What a key does that the modifier map has at `bit`.
 Modifier modifierOf(std::size_t bit, xcb_keysym_t symbol) {
@@ -143,6 +124,26 @@ X11Keyboard::X11Keyboard(const X11Connection& connection)
     : m_xkbEvent(useXkb(connection)),
       m_positions(m_xkbEvent != 0 ? positionNames(connection.get())
                                   : std::vector<X11KeyPositions::Named>()) {
+    readKeymap(connection);
+}
+
+void X11Keyboard::readKeymap(const X11Connection& connection) {
+    const auto keymap = m_xkbEvent != 0 ? X11Keymap::read(connection) : nullptr;
+    if (!keymap) {
+        readModifierMap(connection);
+        return;
+    }
+    const auto modifiers = KeymapModifiers::of(*keymap);
+    for (const auto& [keycode, modifier] : modifiers.keys) {
+        if (const auto code = m_positions.evdevCode(static_cast<xcb_keycode_t>(keycode))) {
+            m_modifiers.set(*code, modifier);
+        }
+    }
+    std::transform(modifiers.bits.begin(), modifiers.bits.end(), m_flagsOfBit.begin(), flagOf);
+}
+
+// The core protocol knows keys that hold a bit, and one symbol for each.
+void X11Keyboard::readModifierMap(const X11Connection& connection) {
     const Symbols symbols(connection.get());
     const auto map = xcbReply(connection.get(),
                               xcb_get_modifier_mapping(connection.get()),

@@ -14,7 +14,8 @@
 namespace pallistrom {
 
 /// The keyboard as the X server has it: which of its keycodes are which keys, and what its
-/// modifiers mean. All of it is read from the server; nothing is assumed.
+/// modifiers mean. All of it is read from the server; nothing is assumed. Modifiers are those that
+/// its keymap makes (KeymapModifiers); a server without XKB tells less of them.
 class X11Keyboard {
 public:
     /// Reads it, and asks to be told when it changes.
@@ -39,6 +40,9 @@ public:
 
 private:
     static constexpr std::size_t modifierBits = 8;
+
+    void readKeymap(const X11Connection& connection);
+    void readModifierMap(const X11Connection& connection);
 
     std::uint8_t m_xkbEvent = 0; ///< the type of XKB's events; 0 where there is no XKB
     X11KeyPositions m_positions;
