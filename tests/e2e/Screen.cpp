@@ -57,7 +57,15 @@ bool Screen::hasWindow(const std::string& title) const {
 }
 
 void Screen::closeWindow(const std::string& title) const {
-    constexpr std::string_view request = "_NET_CLOSE_WINDOW";
+    ask("_NET_CLOSE_WINDOW", title);
+}
+
+void Screen::bringToFront(const std::string& title) const {
+    ask("_NET_ACTIVE_WINDOW", title);
+}
+
+void Screen::ask(std::string_view request, const std::string& title) const {
+    constexpr std::uint32_t forAPerson = 2; // Who asks, in those requests that want to know.
     const XReply<xcb_intern_atom_reply_t> atom{xcb_intern_atom_reply(
         m_connection,
         xcb_intern_atom(
@@ -68,9 +76,10 @@ void Screen::closeWindow(const std::string& title) const {
     event.format = 32;
     event.window = findWindow(title);
     if (!atom || event.window == XCB_NONE) {
-        throw std::runtime_error{"there is no window to close: " + title};
+        throw std::runtime_error{"there is no such window: " + title};
     }
     event.type = atom->atom;
+    event.data.data32[0] = request == "_NET_ACTIVE_WINDOW" ? forAPerson : 0;
     std::array<char, sizeof event> bytes{};
     std::memcpy(bytes.data(), &event, sizeof event);
     xcb_send_event(m_connection,

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace pallistrom::e2e {
 
@@ -31,10 +32,14 @@ public:
     /// Asks the window manager to close that window, as its close button does.
     void closeWindow(const std::string& title) const;
 
+    /// Asks it to give that window the keyboard, as a click in a list of windows does.
+    void bringToFront(const std::string& title) const;
+
     /// Moves the mouse there and clicks: 1 is left, 3 is right.
     void click(int x, int y, int button) const;
 
 private:
+    void ask(std::string_view request, const std::string& title) const;
     xcb_window_t findWindow(const std::string& title) const;
 
     std::string m_display;

@@ -18,7 +18,7 @@ Accessible parse(const std::string& line) {
          {&accessible.role, &accessible.name, &accessible.description, &accessible.states}) {
         std::getline(fields, *text, '\t');
     }
-    fields >> accessible.x >> accessible.y;
+    fields >> accessible.x >> accessible.y >> accessible.left;
     return accessible;
 }
 
@@ -56,6 +56,13 @@ std::optional<Accessible> ScreenReader::find(const std::string& title,
         }
     }
     return std::nullopt;
+}
+
+bool ScreenReader::press(const std::string& title,
+                         const std::string& role,
+                         const std::string& name) const {
+    ChildProcess hand{{.arguments = {path(), title, role, name}, .environment = m_environment}};
+    return hand.wait() == 0;
 }
 
 } // namespace pallistrom::e2e

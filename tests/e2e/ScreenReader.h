@@ -19,6 +19,7 @@ struct Accessible {
     std::string states; ///< of "checked" and "focusable" those that it has
     int x = 0;          ///< its middle, on the screen
     int y = 0;
+    int left = 0; ///< its left end
 
     bool isChecked() const { return states.find("checked") != std::string::npos; }
 };
@@ -38,6 +39,10 @@ public:
     /// The first thing in a window with this role and this name.
     std::optional<Accessible>
     find(const std::string& title, const std::string& role, const std::string& name) const;
+
+    /// Does what that thing does when it is pressed, without any mouse. Returns whether it did.
+    [[nodiscard]] bool
+    press(const std::string& title, const std::string& role, const std::string& name) const;
 
 private:
     std::map<std::string, std::string> m_environment;

@@ -22,6 +22,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -78,6 +79,11 @@ AccessPane::AccessPane(KeyboardService& service, Questions questions)
     connect(&m_timer, &QTimer::timeout, this, [this] { look(); });
     connect(&m_service, &KeyboardService::changed, this, [this] { look(); });
     connect(m_switch, &QAbstractButton::clicked, this, [this] { clicked(); });
+    // Assistive technology toggles without a click.
+    connect(m_switch, &QAbstractButton::toggled, this, [this] {
+        clicked();
+        look();
+    });
     look();
 }
 
@@ -184,6 +190,7 @@ void AccessPane::look() {
     m_dot->setColour(state.session ? StatusDot::Colour::Orange : StatusDot::Colour::Green);
     m_headline->setText(qtText(text.headline));
     m_explanation->setText(qtText(text.explanation));
+    const QSignalBlocker blocker(m_switch); // It shows how things are, and wants nothing.
     m_switch->setChecked(!state.service || state.request.isOpen);
     m_switch->setEnabled(!state.service || state.service == Obstacle::NotGranted ||
                          state.service == Obstacle::Panicked);

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 // Says what assistive technology is told of the window whose title is the argument, a line for each
-// thing on show: role, name, description, states, and the middle on the screen, with tabs between.
+// thing on show: role, name, description, states, the middle on the screen, and its left end, with
+// tabs between. With a role and a name as further arguments, presses the first such thing instead.
 
 #include <atspi/atspi.h>
 
@@ -57,15 +58,15 @@ std::string statesOf(AtspiAccessible* accessible) {
 std::string middleOf(AtspiAccessible* accessible) {
     const Reference<AtspiComponent> component{atspi_accessible_get_component_iface(accessible)};
     if (!component) {
-        return "0\t0";
+        return "0\t0\t0";
     }
     const std::unique_ptr<AtspiRect, Free> area{
         atspi_component_get_extents(component.get(), ATSPI_COORD_TYPE_SCREEN, nullptr)};
     if (!area) {
-        return "0\t0";
+        return "0\t0\t0";
     }
     return std::to_string(area->x + area->width / 2) + '\t' +
-           std::to_string(area->y + area->height / 2);
+           std::to_string(area->y + area->height / 2) + '\t' + std::to_string(area->x);
 }
 
 template<typename Function>
@@ -90,21 +91,47 @@ void describe(AtspiAccessible* accessible) {
     forEachChild(accessible, describe);
 }
 
+bool press(AtspiAccessible* accessible) {
+    const Reference<AtspiAction> action{atspi_accessible_get_action_iface(accessible)};
+    return action && atspi_action_do_action(action.get(), 0, nullptr) != FALSE;
+}
+
+// NOLINTNEXTLINE(misc-no-recursion): it is a tree.
+bool pressFirst(AtspiAccessible* accessible, const std::string& role, const std::string& name) {
+    if (has(accessible, ATSPI_STATE_SHOWING) &&
+        oneLine(atspi_accessible_get_role_name(accessible, nullptr)) == role &&
+        oneLine(atspi_accessible_get_name(accessible, nullptr)) == name) {
+        return press(accessible);
+    }
+    bool isPressed = false;
+    forEachChild(accessible, [&](AtspiAccessible* child) {
+        isPressed = isPressed || pressFirst(child, role, name);
+    });
+    return isPressed;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     const std::span arguments{argv, static_cast<std::size_t>(argc)};
-    if (arguments.size() != 2 || atspi_init() > 1) {
+    const bool isToPress = arguments.size() == 4;
+    if ((arguments.size() != 2 && !isToPress) || atspi_init() > 1) {
         return 1;
     }
+    bool isPressed = false;
     const std::string title = arguments[1];
     const Accessible desktop{atspi_get_desktop(0)};
     forEachChild(desktop.get(), [&](AtspiAccessible* program) {
         forEachChild(program, [&](AtspiAccessible* window) {
-            if (oneLine(atspi_accessible_get_name(window, nullptr)) == title) {
+            if (oneLine(atspi_accessible_get_name(window, nullptr)) != title) {
+                return;
+            }
+            if (!isToPress) {
                 describe(window);
+            } else if (!isPressed) {
+                isPressed = pressFirst(window, arguments[2], arguments[3]);
             }
         });
     });
-    return 0;
+    return isToPress && !isPressed ? 1 : 0;
 }

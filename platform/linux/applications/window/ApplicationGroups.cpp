@@ -46,24 +46,25 @@ std::vector<ApplicationRow> rowsOfBuiltIn(const ApplicationChoices& choices) {
 } // namespace
 
 std::vector<ApplicationGroup> applicationGroups(ApplicationKinds& kinds) {
-    ApplicationGroup seen{.title = "In front lately", .rows = {}};
+    ApplicationGroup last{.title = "In front just now", .rows = {}};
+    ApplicationGroup before{.title = "In front before", .rows = {}};
     ApplicationGroup chosen{.title = "Your other choices", .rows = {}};
     ApplicationGroup builtIn{.title = "Known from the start",
                              .rows = rowsOfBuiltIn(kinds.choices())};
     std::set<std::string> shown;
-    for (const ApplicationRow& row : builtIn.rows) {
-        shown.insert(row.application);
-    }
     for (const WindowClass& window : kinds.seen()) {
-        seen.rows.push_back(rowOf(kinds, window));
-        shown.insert(Text::lowerCase(seen.rows.back().application));
+        auto& rows = last.rows.empty() ? last.rows : before.rows;
+        rows.push_back(rowOf(kinds, window));
+        shown.insert(Text::lowerCase(rows.back().application));
     }
+    std::erase_if(builtIn.rows,
+                  [&](const ApplicationRow& row) { return !shown.insert(row.application).second; });
     for (const auto& [application, isLeftAlone] : kinds.choices().all()) {
         if (!shown.contains(application)) {
             chosen.rows.push_back(rowOf(kinds, {.instance = {}, .name = application}));
         }
     }
-    return {std::move(seen), std::move(chosen), std::move(builtIn)};
+    return {std::move(last), std::move(before), std::move(chosen), std::move(builtIn)};
 }
 
 } // namespace pallistrom

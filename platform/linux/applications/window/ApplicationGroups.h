@@ -25,8 +25,9 @@ struct ApplicationGroup {
     std::vector<ApplicationRow> rows;
 };
 
-/// Returns everything that there is to choose: applications that have been in front, others that
-/// the user has spoken of, and those of the built-in lists. Each application is in one group only.
+/// Returns everything that there is to choose: the application that was in front last, those that
+/// were before it, others that the user has spoken of, and those of the built-in lists. Each
+/// application is in one group only.
 [[nodiscard]] std::vector<ApplicationGroup> applicationGroups(ApplicationKinds& kinds);
 
 } // namespace pallistrom

@@ -186,6 +186,17 @@ TEST_F(AccessPaneTest, withdrawsTheGrantAndShowsItOnceItIsGone) {
     EXPECT_FALSE(grantSwitch().isChecked());
 }
 
+TEST_F(AccessPaneTest, isMovedByAssistiveTechnology) {
+    open();
+    grantSwitch().toggle(); // As it does it.
+    EXPECT_THAT(service.take(), ElementsAre("requestGrant"));
+    say(std::nullopt);
+    service.close(GrantAnswer::Granted);
+    grantSwitch().toggle();
+    EXPECT_THAT(service.take(), ElementsAre("withdrawGrant"));
+    EXPECT_TRUE(grantSwitch().isChecked()) << "the service has not said so yet";
+}
+
 TEST_F(AccessPaneTest, isMovedByTheKeyboard) {
     open();
     grantSwitch().setFocus();

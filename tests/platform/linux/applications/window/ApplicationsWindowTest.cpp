@@ -5,12 +5,15 @@
 #include "SettingsFolder.h"
 #include "workspace/WindowLoop.h"
 
+#include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -27,6 +30,12 @@ protected:
     }
 
     [[nodiscard]] QTreeWidget& list() const { return *window->findChild<QTreeWidget*>(); }
+
+    [[nodiscard]] QLabel& current() const {
+        return *window->findChild<QLabel*>(QStringLiteral("current"));
+    }
+
+    [[nodiscard]] QCheckBox& leaveAlone() const { return *window->findChild<QCheckBox*>(); }
 
     // What can be seen, a heading with what is below it in brackets.
     [[nodiscard]] std::string visible(int heading) const {
@@ -61,10 +70,11 @@ TEST_F(ApplicationsWindowTest, showsWhatHasBeenInFrontByTheNameThatPeopleKnow) {
     bringToFront("xterm", "XTerm");
     bringToFront("Navigator", "firefox");
     open();
-    EXPECT_EQ(visible(0), "In front lately [Firefox Browser XTerm ]");
+    EXPECT_EQ(visible(0), "In front just now [Firefox Browser ]");
+    EXPECT_EQ(visible(1), "In front before [XTerm ]");
     EXPECT_EQ(rows(0)[0]->checkState(0), Qt::Unchecked);
-    EXPECT_EQ(rows(0)[1]->checkState(0), Qt::Checked);
-    EXPECT_EQ(rows(0)[1]->text(1).left(10), QStringLiteral("a terminal"));
+    EXPECT_EQ(rows(1)[0]->checkState(0), Qt::Checked);
+    EXPECT_EQ(rows(1)[0]->text(1).left(10), QStringLiteral("a terminal"));
 }
 
 TEST_F(ApplicationsWindowTest, letsTheUserLeaveAnApplicationAlone) {
@@ -74,6 +84,38 @@ TEST_F(ApplicationsWindowTest, letsTheUserLeaveAnApplicationAlone) {
     EXPECT_TRUE(kinds.isLeftAlone({.instance = "Navigator", .name = "firefox"}));
     rows(0)[0]->setCheckState(0, Qt::Unchecked);
     EXPECT_FALSE(kinds.isLeftAlone({.instance = "Navigator", .name = "firefox"}));
+}
+
+TEST_F(ApplicationsWindowTest, beginsWithTheApplicationThatWasInFront) {
+    bringToFront("emacs", "Emacs");
+    bringToFront("Navigator", "firefox");
+    open();
+    EXPECT_EQ(current().text(), QStringLiteral("firefox"));
+    EXPECT_FALSE(leaveAlone().isChecked());
+    leaveAlone().click();
+    EXPECT_TRUE(kinds.isLeftAlone({.instance = "Navigator", .name = "firefox"}));
+    EXPECT_EQ(rows(0)[0]->checkState(0), Qt::Checked);
+    rows(0)[0]->setCheckState(0, Qt::Unchecked);
+    EXPECT_FALSE(leaveAlone().isChecked());
+}
+
+TEST_F(ApplicationsWindowTest, saysAllOfTheApplicationThatIsChosenInTheList) {
+    bringToFront("Navigator", "firefox");
+    bringToFront("emacs", "Emacs");
+    open();
+    EXPECT_TRUE(current().text().startsWith(QStringLiteral("Emacs: control-W cuts")));
+    EXPECT_EQ(leaveAlone().accessibleDescription(), current().text());
+    EXPECT_TRUE(leaveAlone().isChecked());
+    list().setCurrentItem(rows(1)[0]);
+    EXPECT_EQ(current().text(), QStringLiteral("firefox"));
+    EXPECT_FALSE(leaveAlone().isChecked());
+    // A heading is none, and one that nobody sees is none either.
+    list().setCurrentItem(list().topLevelItem(0));
+    EXPECT_EQ(current().text(), QString());
+    EXPECT_FALSE(leaveAlone().isEnabled());
+    list().setCurrentItem(rows(1)[0]);
+    window->findChild<QLineEdit*>()->setText(QStringLiteral("emacs"));
+    EXPECT_FALSE(leaveAlone().isEnabled());
 }
 
 TEST_F(ApplicationsWindowTest, letsTheUserTakeABuiltInOneBack) {
@@ -89,13 +131,33 @@ TEST_F(ApplicationsWindowTest, letsTheUserTakeABuiltInOneBack) {
     EXPECT_TRUE(kinds.isLeftAlone({.instance = "gvim", .name = "Gvim"}));
 }
 
+TEST_F(ApplicationsWindowTest, showsAChoiceInEveryRowThatItIsOf) {
+    bringToFront("emacs", "Emacs");
+    bringToFront("foot", "foot");
+    open();
+    const auto ofPattern = [this] {
+        list().setCurrentItem(nullptr);
+        for (QTreeWidgetItem* const row : rows(2)) {
+            EXPECT_NE(row->text(0), QStringLiteral("foot")); // It has been in front.
+            if (row->text(0) == QStringLiteral("emacs*")) {
+                return row;
+            }
+        }
+        throw std::runtime_error("there is no such row");
+    };
+    ofPattern()->setCheckState(0, Qt::Unchecked);
+    EXPECT_EQ(rows(1)[0]->checkState(0), Qt::Unchecked);
+    rows(1)[0]->setCheckState(0, Qt::Checked);
+    EXPECT_EQ(ofPattern()->checkState(0), Qt::Unchecked);
+}
+
 TEST_F(ApplicationsWindowTest, showsEarlierChoicesOnceAndChangesNoneByShowingThem) {
     choices.setLeftAlone("some.editor", true);
     choices.setLeftAlone("emacs*", false);
     const std::string before = folder.text("applications.ini");
     bringToFront("x", "Some.Editor");
     open();
-    EXPECT_EQ(visible(0), "In front lately [Some.Editor ]");
+    EXPECT_EQ(visible(0), "In front just now [Some.Editor ]");
     EXPECT_EQ(list().topLevelItemCount(), 2);
     window.reset();
     choices.setLeftAlone("another", false);
@@ -113,7 +175,7 @@ TEST_F(ApplicationsWindowTest, findsWhatIsSearchedFor) {
     EXPECT_EQ(visible(1), "Known from the start [emacs* ]");
     search->clear();
     EXPECT_FALSE(list().topLevelItem(0)->isHidden());
-    EXPECT_EQ(visible(0), "In front lately [firefox ]");
+    EXPECT_EQ(visible(0), "In front just now [firefox ]");
 }
 
 } // namespace
