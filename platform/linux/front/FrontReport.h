@@ -18,7 +18,8 @@ struct FrontReport {
     };
 
     Kind kind = Kind::Unknown;
-    WindowClass window{}; ///< of a window; otherwise empty
+    WindowClass window{};      ///< of a window; otherwise empty
+    bool isInTerminal = false; ///< the keyboard is in a terminal, whatever else the window has
 
     [[nodiscard]] static FrontReport unknown() { return {}; }
 

@@ -11,12 +11,17 @@ FrontRule::FrontRule(Classify classify) : m_classify(std::move(classify)) {}
 void FrontRule::take(const FrontReport& report) {
     m_kind = report.kind;
     if (report.kind == FrontReport::Kind::Window) {
-        m_last = report.window;
+        m_last = report;
     }
 }
 
 std::optional<FrontApplication> FrontRule::application() const {
-    const auto last = m_last ? m_classify(*m_last) : FrontApplication::TakesEditingKeys;
+    auto last = FrontApplication::TakesEditingKeys;
+    if (m_last.isInTerminal) {
+        last = FrontApplication::KeepsItsKeys;
+    } else if (m_last.kind == FrontReport::Kind::Window) {
+        last = m_classify(m_last.window);
+    }
     const bool isKnown = m_kind != FrontReport::Kind::Unknown;
     return isKnown || last == FrontApplication::KeepsItsKeys ? std::optional(last) : std::nullopt;
 }

@@ -13,7 +13,7 @@ namespace pallistrom {
 /// What becomes of the reports about the window in front where they have gaps.
 ///
 ///     report      application()
-///     a window    what the window is
+///     a window    what the window is; keeps its keys, if the keyboard is in a terminal in it
 ///     nobody      as at the last window; takes editing keys if there was none yet
 ///     unknown     keeps its keys, if the last window did; otherwise nothing
 ///
@@ -39,7 +39,7 @@ public:
 private:
     Classify m_classify;
     FrontReport::Kind m_kind = FrontReport::Kind::Unknown; ///< of the last report
-    std::optional<WindowClass> m_last;                     ///< the last window
+    FrontReport m_last; ///< the last one of a window; unknown if there was none
 };
 
 } // namespace pallistrom

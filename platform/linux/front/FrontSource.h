@@ -4,6 +4,8 @@
 
 #include "platform/linux/front/FrontReport.h"
 
+#include <cstdint>
+
 namespace pallistrom {
 
 /// One way in which a session can tell which window is in front. A source is told of changes and
@@ -17,6 +19,12 @@ public:
     virtual ~FrontSource() = default;
 
     [[nodiscard]] virtual FrontReport report() const = 0;
+
+    enum class Wanted : std::uint8_t { No, Yes };
+
+    /// Says whether anybody looks at report(), which is of no interest while a better source can
+    /// tell. One that is not wanted may stop, and be unknown from now on, without a word.
+    virtual void setWanted(Wanted /*wanted*/) {}
 };
 
 } // namespace pallistrom

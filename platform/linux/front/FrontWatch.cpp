@@ -3,6 +3,7 @@
 #include "platform/linux/front/FrontWatch.h"
 
 #include "platform/linux/applications/ApplicationKinds.h"
+#include "platform/linux/front/AccessibilityFrontSource.h"
 #include "platform/linux/front/BusFrontSource.h"
 #include "platform/linux/front/SessionFrontWatch.h"
 #include "platform/linux/front/ToplevelSource.h"
@@ -30,6 +31,9 @@ std::unique_ptr<FrontWatch> FrontWatch::ofSession(std::function<void()> whenChan
         watch->addSource([](auto changed) {
             return std::make_unique<BusFrontSource>(QDBusConnection::sessionBus(),
                                                     std::move(changed));
+        });
+        watch->addSource([](auto changed) {
+            return std::make_unique<AccessibilityFrontSource>(std::move(changed));
         });
     }
     return watch;

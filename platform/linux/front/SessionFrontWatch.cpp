@@ -17,6 +17,9 @@ void SessionFrontWatch::look() {
         return source->report().kind != FrontReport::Kind::Unknown;
     });
     m_isKnown = known != m_sources.end();
+    for (auto source = m_sources.begin(); source != m_sources.end(); ++source) {
+        (*source)->setWanted(source <= known ? FrontSource::Wanted::Yes : FrontSource::Wanted::No);
+    }
     const FrontReport report = m_isKnown ? (*known)->report() : FrontReport::unknown();
     if (report.kind == FrontReport::Kind::Window) {
         m_window = report.window;

@@ -24,13 +24,13 @@ std::string addressOfBus() {
     return address.empty() ? "unix:path=/run/dbus/system_bus_socket" : address;
 }
 
-std::unique_ptr<sd_bus, BusRelease> openBus() {
+std::unique_ptr<sd_bus, BusRelease> openBus(const std::string& address) {
     sd_bus* made = nullptr;
     if (sd_bus_new(&made) < 0) {
         return nullptr;
     }
     std::unique_ptr<sd_bus, BusRelease> bus(made);
-    const bool isStarted = sd_bus_set_address(made, addressOfBus().c_str()) >= 0 &&
+    const bool isStarted = sd_bus_set_address(made, address.c_str()) >= 0 &&
                            sd_bus_set_bus_client(made, 1) >= 0 &&
                            sd_bus_set_watch_bind(made, 1) >= 0 && sd_bus_start(made) >= 0;
     return isStarted ? std::move(bus) : nullptr;
@@ -46,7 +46,9 @@ void forget(QSocketNotifier* notifier) {
 
 } // namespace
 
-SystemBus::SystemBus() : m_bus(openBus()) {
+SystemBus::SystemBus() : SystemBus(addressOfBus()) {}
+
+SystemBus::SystemBus(const std::string& address) : m_bus(openBus(address)) {
     m_timer.setSingleShot(true);
     QObject::connect(&m_timer, &QTimer::timeout, this, [this] { process(); });
     rearm();
@@ -82,16 +84,18 @@ BusSlot SystemBus::ask(BusMessage call, sd_bus_message_handler_t answered, void*
 }
 
 BusSlot SystemBus::listen(const BusSignal& signal, sd_bus_message_handler_t heard, void* userData) {
+    std::string rule = "type='signal'";
+    for (const auto& [key, value] : {std::pair("sender", signal.sender),
+                                     std::pair("path", signal.path),
+                                     std::pair("interface", signal.interface),
+                                     std::pair("member", signal.member),
+                                     std::pair("arg0", signal.argument)}) {
+        if (value != nullptr) {
+            rule += std::string(",") + key + "='" + value + '\'';
+        }
+    }
     sd_bus_slot* slot = nullptr;
-    sd_bus_match_signal_async(m_bus.get(),
-                              &slot,
-                              signal.sender,
-                              signal.path,
-                              signal.interface,
-                              signal.member,
-                              heard,
-                              nullptr,
-                              userData);
+    sd_bus_add_match_async(m_bus.get(), &slot, rule.c_str(), heard, nullptr, userData);
     rearm();
     return BusSlot(slot);
 }

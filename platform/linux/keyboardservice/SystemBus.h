@@ -9,6 +9,7 @@
 #include <systemd/sd-bus.h>
 
 #include <memory>
+#include <string>
 
 namespace pallistrom {
 
@@ -31,15 +32,20 @@ struct BusSignal {
     const char* path = nullptr;
     const char* interface = nullptr;
     const char* member = nullptr;
+    const char* argument = nullptr; ///< its first one, a text
 };
 
-/// A connection to the system bus on Qt's run loop. Nothing here waits: not for a bus that takes
-/// what it is sent and never answers, and not where there is none, whose socket is watched for.
+/// A connection to the system bus, or to another one, on Qt's run loop. Nothing here waits: not for
+/// a bus that takes what it is sent and never answers, and not where there is none, whose socket is
+/// watched for.
 class SystemBus final : public QObject {
     Q_OBJECT
 
 public:
     SystemBus();
+
+    /// To the bus at `address`, written as buses write it.
+    explicit SystemBus(const std::string& address);
 
     /// For vtables and the like; null where the bus has an address that means nothing.
     [[nodiscard]] sd_bus* get() const { return m_bus.get(); }

@@ -13,8 +13,8 @@ namespace pallistrom {
 
 namespace {
 
-/// Reports, one letter each: t a terminal, e an editor, n nobody, u unknown. What application() is
-/// at the end: t keeps its keys, e takes editing keys, u nothing.
+/// Reports, one letter each: t a terminal, e an editor, b a terminal within an editor, n nobody, u
+/// unknown. What application() is at the end: t keeps its keys, e takes editing keys, u nothing.
 struct RuleCase {
     const char* name;
     std::string_view reports;
@@ -34,6 +34,10 @@ FrontReport reportOf(char letter) {
         return FrontReport::of({.instance = "", .name = "terminal"});
     case 'e':
         return FrontReport::of({.instance = "", .name = "editor"});
+    case 'b':
+        return {.kind = FrontReport::Kind::Window,
+                .window = {.instance = "", .name = "editor"},
+                .isInTerminal = true};
     case 'n':
         return FrontReport::nobody();
     default:
@@ -76,6 +80,10 @@ constexpr RuleCase cases[] = {
     {"keepsATerminalWhenASourceComesBackToAGap", "tun", 't'},
     {"takesTheGapAfterAFailureForTheLastWindow", "eun", 'e'},
     {"knowsAnEditorThatFailedAgain", "tueu", 'u'},
+    {"knowsATerminalWithinAnEditor", "eb", 't'},
+    {"knowsWhenTheKeyboardLeavesIt", "be", 'e'},
+    {"keepsATerminalWithinAnEditorInAGap", "bn", 't'},
+    {"keepsATerminalWithinAnEditorWhenTheSourceFails", "bu", 't'},
 };
 
 INSTANTIATE_TEST_SUITE_P(, FrontRuleTable, testing::ValuesIn(cases), [](const auto& rule) {

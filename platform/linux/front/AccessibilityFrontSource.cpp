@@ -1,0 +1,213 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/front/AccessibilityFrontSource.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace pallistrom {
+
+namespace {
+
+constexpr const char* root = "/org/a11y/atspi/accessible/root";
+constexpr const char* accessible = "org.a11y.atspi.Accessible";
+constexpr const char* windowEvent = "org.a11y.atspi.Event.Window";
+constexpr const char* objectEvent = "org.a11y.atspi.Event.Object";
+constexpr std::uint32_t terminalRole = 60;
+
+template<void (AccessibilityFrontSource::*hear)(sd_bus_message*)>
+int handle(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
+    (static_cast<AccessibilityFrontSource*>(self)->*hear)(message);
+    return 0;
+}
+
+std::string senderOf(sd_bus_message* message) {
+    const char* const sender = sd_bus_message_get_sender(message);
+    return sender == nullptr ? "" : sender;
+}
+
+bool isAnswer(sd_bus_message* answer) {
+    return sd_bus_message_is_method_error(answer, nullptr) <= 0;
+}
+
+// Programs send only what somebody has registered for.
+void registerFor(SystemBus& bus, const char* event) {
+    BusMessage call = bus.makeCall("org.a11y.atspi.Registry",
+                                   "/org/a11y/atspi/registry",
+                                   "org.a11y.atspi.Registry",
+                                   "RegisterEvent");
+    if (call) {
+        sd_bus_message_append(call.get(), "s", event);
+    }
+    bus.send(std::move(call));
+}
+
+std::string programOf(std::uint32_t process) {
+    std::error_code error;
+    const auto file =
+        std::filesystem::read_symlink("/proc/" + std::to_string(process) + "/exe", error);
+    return error ? "" : file.filename().string().substr(0, WindowClass::mostBytes);
+}
+
+} // namespace
+
+AccessibilityFrontSource::AccessibilityFrontSource(std::function<void()> whenChanged)
+    : m_whenChanged(std::move(whenChanged)) {}
+
+void AccessibilityFrontSource::setWanted(Wanted wanted) {
+    if (wanted == Wanted::No) {
+        m_status.reset();
+        end();
+        m_report = FrontReport::unknown();
+    } else if (!m_status) {
+        m_status.emplace([this] { follow(); });
+    }
+}
+
+void AccessibilityFrontSource::follow() {
+    end();
+    setReport(FrontReport::unknown());
+    if (m_status && !m_status->address().empty()) {
+        m_bus = std::make_unique<SystemBus>(m_status->address());
+        QObject::connect(m_bus.get(), &SystemBus::ready, m_bus.get(), [this] { busIsReady(); });
+        QObject::connect(m_bus.get(), &SystemBus::lost, m_bus.get(), [this] {
+            end();
+            setReport(FrontReport::unknown());
+        });
+    }
+}
+
+void AccessibilityFrontSource::end() {
+    m_program.clear();
+    m_nameQuestion.reset();
+    m_roleQuestion.reset();
+    m_endMatch.reset();
+    m_matches = {};
+    if (m_bus) {
+        // It may be the one that is speaking.
+        m_bus->disconnect();
+        m_bus.release()->deleteLater();
+    }
+}
+
+void AccessibilityFrontSource::busIsReady() {
+    m_matches = {
+        m_bus->listen({.interface = windowEvent, .member = "Activate"},
+                      handle<&AccessibilityFrontSource::hearActivate>,
+                      this),
+        m_bus->listen({.interface = windowEvent, .member = "Deactivate"},
+                      handle<&AccessibilityFrontSource::hearDeactivate>,
+                      this),
+        m_bus->listen({.interface = objectEvent, .member = "StateChanged", .argument = "focused"},
+                      handle<&AccessibilityFrontSource::hearFocus>,
+                      this)};
+    for (const char* const event :
+         {"window:activate", "window:deactivate", "object:state-changed:focused"}) {
+        registerFor(*m_bus, event);
+    }
+}
+
+void AccessibilityFrontSource::hearActivate(sd_bus_message* signal) {
+    bringToFront(senderOf(signal));
+}
+
+// What comes to the front next may be a program that tells nothing.
+void AccessibilityFrontSource::hearDeactivate(sd_bus_message* signal) {
+    if (senderOf(signal) == m_program) {
+        m_program.clear();
+        m_nameQuestion.reset();
+        m_roleQuestion.reset();
+        setReport(FrontReport::unknown());
+    }
+}
+
+void AccessibilityFrontSource::hearFocus(sd_bus_message* signal) {
+    const char* state = nullptr;
+    std::int32_t isOn = 0;
+    const std::string program = senderOf(signal);
+    const char* const object = sd_bus_message_get_path(signal);
+    if (sd_bus_message_read(signal, "si", &state, &isOn) <= 0 || isOn == 0 || object == nullptr) {
+        return;
+    }
+    if (program != m_program) {
+        bringToFront(program);
+    }
+    m_roleQuestion = m_bus->ask(m_bus->makeCall(program.c_str(), object, accessible, "GetRole"),
+                                handle<&AccessibilityFrontSource::hearRole>,
+                                this);
+}
+
+void AccessibilityFrontSource::bringToFront(const std::string& program) {
+    if (program.empty() || program == m_program) {
+        return;
+    }
+    m_program = program;
+    m_found = FrontReport::of({});
+    m_roleQuestion.reset();
+    m_endMatch = m_bus->listen({.sender = "org.freedesktop.DBus",
+                                .interface = "org.freedesktop.DBus",
+                                .member = "NameOwnerChanged",
+                                .argument = m_program.c_str()},
+                               handle<&AccessibilityFrontSource::hearEnd>,
+                               this);
+    BusMessage call =
+        m_bus->makeCall(m_program.c_str(), root, "org.freedesktop.DBus.Properties", "Get");
+    if (call) {
+        sd_bus_message_append(call.get(), "ss", accessible, "Name");
+    }
+    m_nameQuestion = m_bus->ask(std::move(call), handle<&AccessibilityFrontSource::hearName>, this);
+}
+
+void AccessibilityFrontSource::hearEnd(sd_bus_message* /*signal*/) {
+    m_program.clear();
+    m_nameQuestion.reset();
+    m_roleQuestion.reset();
+    setReport(FrontReport::unknown());
+}
+
+void AccessibilityFrontSource::hearName(sd_bus_message* answer) {
+    const char* name = nullptr;
+    if (isAnswer(answer) && sd_bus_message_has_signature(answer, "v") > 0 &&
+        sd_bus_message_read(answer, "v", "s", &name) > 0) {
+        m_found.window.instance = std::string(name).substr(0, WindowClass::mostBytes);
+    }
+    BusMessage call = m_bus->makeCall("org.freedesktop.DBus",
+                                      "/org/freedesktop/DBus",
+                                      "org.freedesktop.DBus",
+                                      "GetConnectionUnixProcessID");
+    if (call) {
+        sd_bus_message_append(call.get(), "s", m_program.c_str());
+    }
+    m_nameQuestion =
+        m_bus->ask(std::move(call), handle<&AccessibilityFrontSource::hearProcess>, this);
+}
+
+void AccessibilityFrontSource::hearProcess(sd_bus_message* answer) {
+    std::uint32_t process = 0;
+    if (isAnswer(answer) && sd_bus_message_read(answer, "u", &process) > 0) {
+        m_found.window.name = programOf(process);
+    }
+    m_nameQuestion.reset();
+    setReport(m_found);
+}
+
+void AccessibilityFrontSource::hearRole(sd_bus_message* answer) {
+    std::uint32_t role = 0;
+    m_found.isInTerminal =
+        isAnswer(answer) && sd_bus_message_read(answer, "u", &role) > 0 && role == terminalRole;
+    m_roleQuestion.reset();
+    if (!m_nameQuestion) {
+        setReport(m_found);
+    }
+}
+
+void AccessibilityFrontSource::setReport(const FrontReport& report) {
+    if (report != m_report) {
+        m_report = report;
+        m_whenChanged();
+    }
+}
+
+} // namespace pallistrom

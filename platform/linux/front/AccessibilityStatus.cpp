@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Pallistrom authors
+// SPDX-License-Identifier: MIT
+#include "platform/linux/front/AccessibilityStatus.h"
+
+#include "platform/linux/SessionPaths.h"
+
+#include <utility>
+
+namespace pallistrom {
+
+namespace {
+
+constexpr const char* service = "org.a11y.Bus";
+constexpr const char* object = "/org/a11y/bus";
+constexpr const char* properties = "org.freedesktop.DBus.Properties";
+
+template<void (AccessibilityStatus::*hear)(sd_bus_message*)>
+int handle(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
+    (static_cast<AccessibilityStatus*>(self)->*hear)(message);
+    return 0;
+}
+
+std::string sessionAddress() {
+    const std::string address = SessionPaths::variable("DBUS_SESSION_BUS_ADDRESS");
+    return address.empty() ? "unix:path=" + SessionPaths::variable("XDG_RUNTIME_DIR") + "/bus"
+                           : address;
+}
+
+BusMessage quietCall(const SystemBus& bus, const char* interface, const char* member) {
+    BusMessage call = bus.makeCall(service, object, interface, member);
+    if (call) {
+        sd_bus_message_set_auto_start(call.get(), 0);
+    }
+    return call;
+}
+
+} // namespace
+
+AccessibilityStatus::AccessibilityStatus(std::function<void()> whenChanged)
+    : m_whenChanged(std::move(whenChanged)), m_bus(std::make_unique<SystemBus>(sessionAddress())) {
+    QObject::connect(m_bus.get(), &SystemBus::ready, m_bus.get(), [this] { busIsReady(); });
+    // A session without its bus ends.
+    QObject::connect(m_bus.get(), &SystemBus::lost, m_bus.get(), [this] { setAddress({}); });
+}
+
+void AccessibilityStatus::busIsReady() {
+    m_matches = {m_bus->listen({.sender = "org.freedesktop.DBus",
+                                .path = "/org/freedesktop/DBus",
+                                .interface = "org.freedesktop.DBus",
+                                .member = "NameOwnerChanged",
+                                .argument = service},
+                               handle<&AccessibilityStatus::hearOwner>,
+                               this),
+                 m_bus->listen({.sender = service,
+                                .path = object,
+                                .interface = properties,
+                                .member = "PropertiesChanged",
+                                .argument = "org.a11y.Status"},
+                               handle<&AccessibilityStatus::hearOwner>,
+                               this)};
+    ask();
+}
+
+void AccessibilityStatus::hearOwner(sd_bus_message* /*signal*/) {
+    ask();
+}
+
+void AccessibilityStatus::ask() {
+    BusMessage call = quietCall(*m_bus, properties, "Get");
+    if (call) {
+        sd_bus_message_append(call.get(), "ss", "org.a11y.Status", "IsEnabled");
+    }
+    m_question = m_bus->ask(std::move(call), handle<&AccessibilityStatus::hearIsEnabled>, this);
+}
+
+void AccessibilityStatus::hearIsEnabled(sd_bus_message* answer) {
+    int isEnabled = 0;
+    if (sd_bus_message_is_method_error(answer, nullptr) > 0 ||
+        sd_bus_message_has_signature(answer, "v") <= 0 ||
+        sd_bus_message_read(answer, "v", "b", &isEnabled) <= 0 || isEnabled == 0) {
+        setAddress({});
+        return;
+    }
+    m_question = m_bus->ask(
+        quietCall(*m_bus, service, "GetAddress"), handle<&AccessibilityStatus::hearAddress>, this);
+}
+
+void AccessibilityStatus::hearAddress(sd_bus_message* answer) {
+    const char* address = nullptr;
+    const bool isAnswer = sd_bus_message_is_method_error(answer, nullptr) <= 0 &&
+                          sd_bus_message_read(answer, "s", &address) > 0;
+    setAddress(isAnswer ? address : "");
+}
+
+void AccessibilityStatus::setAddress(const std::string& address) {
+    m_isKnown = true;
+    if (std::exchange(m_address, address) != address) {
+        m_whenChanged();
+    }
+}
+
+} // namespace pallistrom
