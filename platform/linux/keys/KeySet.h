@@ -12,13 +12,12 @@ namespace pallistrom {
 /// A set of keys of a Linux keyboard.
 using KeySet = std::bitset<768>; // KEY_CNT of linux/input-event-codes.h.
 
-/// Calls `use` with each key of `keys`, lowest code first.
+/// Calls `use` with each key of `keys`, lowest code first. It may take that key out of the set.
 template<typename Use>
 void forEachKey(const KeySet& keys, const Use& use) {
-    for (std::size_t key = 0; key < keys.size(); ++key) {
-        if (keys[key]) {
-            use(static_cast<EvdevCode>(key));
-        }
+    // The library's own way to the next one: sets are looked through with every key press.
+    for (std::size_t key = keys._Find_first(); key < keys.size(); key = keys._Find_next(key)) {
+        use(static_cast<EvdevCode>(key));
     }
 }
 

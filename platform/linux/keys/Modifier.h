@@ -4,6 +4,7 @@
 
 #include "platform/EventFlags.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace pallistrom {
@@ -19,6 +20,8 @@ enum class Modifier : std::uint8_t {
     /// Chooses another symbol of the key, as AltGr does; no modifier in the engine's eyes.
     Level3,
 };
+
+inline constexpr std::size_t modifierCount = static_cast<std::size_t>(Modifier::Level3) + 1;
 
 /// Returns the flag that `modifier` puts into a mask; 0 if it puts none.
 [[nodiscard]] constexpr CGEventFlags flagOf(Modifier modifier) {

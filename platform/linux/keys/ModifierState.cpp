@@ -22,14 +22,9 @@ void ModifierState::release(EvdevCode key) {
 }
 
 CGEventFlags ModifierState::flags() const {
-    CGEventFlags flags = m_capsLocked ? kCGEventFlagMaskAlphaShift : 0;
-    for (EvdevCode key = 0; key <= ModifierTable::highestCode; ++key) {
-        const Modifier modifier = m_table.modifierOf(key);
-        if (m_held[key] && modifier != Modifier::CapsLock) {
-            flags |= flagOf(modifier);
-        }
-    }
-    return flags;
+    // The key of caps lock may be down when it is not locked, and up when it is.
+    const CGEventFlags held = m_table.flagsOf(m_held) & ~kCGEventFlagMaskAlphaShift;
+    return m_capsLocked ? held | kCGEventFlagMaskAlphaShift : held;
 }
 
 } // namespace pallistrom

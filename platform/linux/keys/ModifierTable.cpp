@@ -4,9 +4,24 @@
 
 #include <linux/input-event-codes.h>
 
-#include <algorithm>
-
 namespace pallistrom {
+
+namespace {
+
+constexpr auto all = std::to_array<Modifier>({
+    Modifier::Shift,
+    Modifier::Control,
+    Modifier::Option,
+    Modifier::Command,
+    Modifier::CapsLock,
+    Modifier::Level3,
+});
+
+constexpr std::size_t placeOf(Modifier modifier) {
+    return static_cast<std::size_t>(modifier);
+}
+
+} // namespace
 
 ModifierTable ModifierTable::standard() {
     ModifierTable table;
@@ -23,8 +38,13 @@ ModifierTable ModifierTable::standard() {
 }
 
 void ModifierTable::set(EvdevCode code, Modifier modifier) {
-    if (code <= highestCode) {
-        m_modifiers.at(code) = modifier;
+    if (code > highestCode) {
+        return;
+    }
+    m_keys.at(placeOf(m_modifiers.at(code))).reset(code);
+    m_modifiers.at(code) = modifier;
+    if (modifier != Modifier::None) {
+        m_keys.at(placeOf(modifier)).set(code);
     }
 }
 
@@ -33,19 +53,29 @@ Modifier ModifierTable::modifierOf(EvdevCode code) const {
 }
 
 std::optional<EvdevCode> ModifierTable::keyFor(Modifier modifier) const {
-    const auto* const found = std::find(m_modifiers.begin(), m_modifiers.end(), modifier);
-    if (found == m_modifiers.end()) {
-        return std::nullopt;
-    }
-    return static_cast<EvdevCode>(found - m_modifiers.begin());
+    const KeySet& keys = m_keys.at(placeOf(modifier));
+    const std::size_t first = keys._Find_first();
+    return first < keys.size() ? std::optional(static_cast<EvdevCode>(first)) : std::nullopt;
 }
 
 KeySet ModifierTable::keysFor(CGEventFlags flags) const {
     KeySet result;
-    for (EvdevCode code = 0; code <= highestCode; ++code) {
-        result[code] = (flagOf(m_modifiers.at(code)) & flags) != 0;
+    for (const Modifier modifier : all) {
+        if ((flagOf(modifier) & flags) != 0) {
+            result |= m_keys.at(placeOf(modifier));
+        }
     }
     return result;
+}
+
+CGEventFlags ModifierTable::flagsOf(const KeySet& keys) const {
+    CGEventFlags flags = 0;
+    for (const Modifier modifier : all) {
+        if ((m_keys.at(placeOf(modifier)) & keys).any()) {
+            flags |= flagOf(modifier);
+        }
+    }
+    return flags;
 }
 
 ModifierTable ModifierTable::withSpareKeysFor(CGEventFlags flags, const KeySet& held) const {
@@ -64,12 +94,10 @@ ModifierTable ModifierTable::withSpareKeysFor(CGEventFlags flags, const KeySet& 
 
 KeySet ModifierTable::keysOf(const KeySet& keys, std::span<const Modifier> modifiers) const {
     KeySet result;
-    for (EvdevCode code = 0; code <= highestCode; ++code) {
-        result[code] =
-            keys[code] &&
-            std::find(modifiers.begin(), modifiers.end(), m_modifiers.at(code)) != modifiers.end();
+    for (const Modifier modifier : modifiers) {
+        result |= m_keys.at(placeOf(modifier));
     }
-    return result;
+    return result & keys;
 }
 
 } // namespace pallistrom

@@ -39,6 +39,9 @@ public:
     /// Returns the keys that put one of `flags` into a mask.
     [[nodiscard]] KeySet keysFor(CGEventFlags flags) const;
 
+    /// Returns the flags that `keys` put into a mask while they are down.
+    [[nodiscard]] CGEventFlags flagsOf(const KeySet& keys) const;
+
     /// Returns a table by which, for each modifier in `flags`, the keys in `held` are none, so that
     /// keyFor() gives one that is not held. A modifier without such a key is left as it is.
     [[nodiscard]] ModifierTable withSpareKeysFor(CGEventFlags flags, const KeySet& held) const;
@@ -47,6 +50,8 @@ public:
 
 private:
     std::array<Modifier, highestCode + 1> m_modifiers{};
+    /// The keys of each modifier: a key press asks for them several times. Empty for None.
+    std::array<KeySet, modifierCount> m_keys{};
 };
 
 } // namespace pallistrom
