@@ -27,7 +27,8 @@ DeviceLayer::DeviceLayer(sd_event& loop, ProgramsKeyboards programs)
         return 0;
     };
     sd_event_source* wake = nullptr;
-    constexpr std::uint64_t accuracy = 1'000;
+    // The exact moment: a pause is long enough as it is.
+    constexpr std::uint64_t accuracy = 1;
     if (sd_event_add_time(&loop, &wake, CLOCK_MONOTONIC, 0, accuracy, woken, this) < 0) {
         preconditionFailure("there is no timer");
     }
@@ -105,7 +106,7 @@ void DeviceLayer::open(const std::string& path, std::string_view place) {
     }
     const DeviceFacts facts = node->facts(place);
     if (facts.maker == DeviceMaker::ThisService) {
-        virtualDeviceFound(place);
+        virtualDeviceFound(std::move(*node), place);
         return;
     }
     switch (classOf(facts, m_programs)) {
@@ -134,11 +135,12 @@ void DeviceLayer::add(InputNode node, EvdevKeyboard::Pointer pointer) {
     }
 }
 
-void DeviceLayer::virtualDeviceFound(std::string_view place) {
+void DeviceLayer::virtualDeviceFound(InputNode node, std::string_view place) {
     for (const Known& each : m_known) {
         // The event node lies in the folder of the device.
         if (place.starts_with(std::string(each.device->placeOfVirtualKeyboard()) + '/')) {
-            each.device->virtualKeyboardIsThere();
+            each.device->virtualKeyboardIsThere(std::move(node));
+            return;
         }
     }
 }

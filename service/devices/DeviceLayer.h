@@ -46,7 +46,7 @@ private:
 
     void open(const std::string& path, std::string_view place);
     void add(InputNode node, EvdevKeyboard::Pointer pointer);
-    void virtualDeviceFound(std::string_view place);
+    void virtualDeviceFound(InputNode node, std::string_view place);
     [[nodiscard]] std::optional<KeyboardNumber> numberAt(const std::string& path) const;
     [[nodiscard]] std::optional<KeyboardNumber> numberOf(const EvdevKeyboard& keyboard) const;
 

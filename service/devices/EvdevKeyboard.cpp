@@ -84,10 +84,6 @@ bool EvdevKeyboard::addTo(sd_event& loop) {
         keyboard.m_owner.readable(keyboard);
         return 0;
     };
-    const auto switched = [](sd_event_source*, int, std::uint32_t, void* data) {
-        static_cast<EvdevKeyboard*>(data)->serveLights();
-        return 0;
-    };
     const auto settled = [](sd_event_source*, std::uint64_t, void* data) {
         auto& keyboard = *static_cast<EvdevKeyboard*>(data);
         keyboard.m_isReady = true;
@@ -95,54 +91,68 @@ bool EvdevKeyboard::addTo(sd_event& loop) {
         return 0;
     };
     sd_event_source* readable = nullptr;
-    sd_event_source* lights = nullptr;
     sd_event_source* timer = nullptr;
     const bool added =
         sd_event_add_io(&loop, &readable, m_node.descriptor(), EPOLLIN, served, this) >= 0 &&
-        sd_event_add_io(&loop, &lights, m_keyboard.descriptor(), EPOLLIN, switched, this) >= 0 &&
         sd_event_add_time(&loop, &timer, CLOCK_MONOTONIC, 0, 0, settled, this) >= 0;
     m_readable.reset(readable);
-    m_lightsSwitched.reset(lights);
     m_settled.reset(timer);
     if (!added) {
         errno = ENOMEM;
         return false;
     }
     sd_event_source_set_priority(readable, priority);
-    sd_event_source_set_priority(lights, priority + 1);
     sd_event_source_set_enabled(timer, SD_EVENT_OFF);
     setWatched(false);
     return true;
 }
 
-void EvdevKeyboard::virtualKeyboardIsThere() {
+void EvdevKeyboard::virtualKeyboardIsThere(InputNode node) {
+    if (!m_shown) {
+        watchLights(std::move(node));
+    }
     if (!m_isReady) {
         sd_event_source_set_time_relative(m_settled.get(), settlingTime);
         sd_event_source_set_enabled(m_settled.get(), SD_EVENT_ONESHOT);
     }
 }
 
+// On its node and not where it is made: there the kernel tells of each key as well, by its scan
+// code.
+void EvdevKeyboard::watchLights(InputNode node) {
+    const auto switched = [](sd_event_source*, int, std::uint32_t, void* data) {
+        static_cast<EvdevKeyboard*>(data)->serveLights();
+        return 0;
+    };
+    node.hear(InputNode::Types{}.set(EV_LED));
+    sd_event_source* lights = nullptr;
+    if (sd_event_add_io(sd_event_source_get_event(m_readable.get()),
+                        &lights,
+                        node.descriptor(),
+                        EPOLLIN,
+                        switched,
+                        this) < 0) {
+        return;
+    }
+    m_shown.emplace(std::move(node));
+    m_lightsSwitched.reset(lights);
+    sd_event_source_set_priority(lights, priority + 1);
+    sd_event_source_set_enabled(lights, m_isWatched ? SD_EVENT_ON : SD_EVENT_OFF);
+}
+
 std::string EvdevKeyboard::description() const {
     return std::string(libevdev_get_name(&m_node.device())) + " (" + m_node.path() + ")";
 }
 
+// What is typed while nobody wants it is not ours to see, and wakes nobody.
 void EvdevKeyboard::setWatched(bool watched) {
-    setHeard(watched);
+    m_isWatched = watched;
+    m_node.hear(watched ? InputNode::Types{}.set() : InputNode::Types{});
     for (sd_event_source* const source : {m_readable.get(), m_lightsSwitched.get()}) {
-        sd_event_source_set_enabled(source, watched ? SD_EVENT_ON : SD_EVENT_OFF);
+        if (source != nullptr) {
+            sd_event_source_set_enabled(source, watched ? SD_EVENT_ON : SD_EVENT_OFF);
+        }
     }
-}
-
-// Has the kernel keep for us all that the keyboard sends, or nothing: what is typed while nobody
-// wants it is not ours to see, and wakes nobody.
-void EvdevKeyboard::setHeard(bool heard) const {
-    std::array<unsigned char, (EV_CNT + 7) / 8> types{};
-    types.fill(heard ? 0xFF : 0);
-    input_mask mask{};
-    mask.type = EV_SYN; // Stands for the types themselves.
-    mask.codes_size = types.size();
-    mask.codes_ptr = reinterpret_cast<std::uintptr_t>(types.data());
-    ::ioctl(m_node.descriptor(), EVIOCSMASK, &mask);
 }
 
 KeyboardDevice::Reading EvdevKeyboard::read() {
@@ -266,7 +276,7 @@ void EvdevKeyboard::lightChanged(std::uint16_t light, std::int32_t value) {
 
 void EvdevKeyboard::serveLights() {
     std::array<input_event, 16> events{};
-    const auto size = ::read(m_keyboard.descriptor(), events.data(), sizeof(events));
+    const auto size = ::read(m_shown->descriptor(), events.data(), sizeof(events));
     const std::size_t count = size > 0 ? static_cast<std::size_t>(size) / sizeof(input_event) : 0;
     for (const input_event& event : std::span(events).first(count)) {
         if (event.type == EV_LED && m_lights.switchedBySession(event.code, event.value != 0)) {

@@ -60,8 +60,8 @@ public:
     /// Where the system has its virtual keyboard below /sys.
     [[nodiscard]] std::string_view placeOfVirtualKeyboard() const { return m_keyboard.place(); }
 
-    /// The system has set the virtual keyboard up.
-    void virtualKeyboardIsThere();
+    /// The system has set the virtual keyboard up; `node` is what programs see of it.
+    void virtualKeyboardIsThere(InputNode node);
 
     [[nodiscard]] std::string description() const override;
 
@@ -84,20 +84,22 @@ private:
                   EvdevKeyboardOwner& owner);
 
     bool addTo(sd_event& loop);
+    void watchLights(InputNode node);
     [[nodiscard]] bool setGrab(bool grabbed) const;
-    void setHeard(bool heard) const;
     void keepUnread();
     [[nodiscard]] bool hasUnreadKeyBefore(const timespec& moment) const;
     void serveLights();
 
     InputNode m_node;
     VirtualDevice m_keyboard;
+    std::optional<InputNode> m_shown; ///< the virtual keyboard, as programs see it
     std::optional<VirtualDevice> m_pointer;
     EvdevKeyboardOwner& m_owner;
     OwnedEventSource m_readable;
     OwnedEventSource m_lightsSwitched;
     OwnedEventSource m_settled;
     bool m_isReady = false;
+    bool m_isWatched = false;
     bool m_hasHungUp = false;
     bool m_isInLine = false; ///< with what is less urgent than keys
     Lights m_lights;

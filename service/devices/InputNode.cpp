@@ -5,7 +5,10 @@
 #include "service/devices/VirtualDevice.h"
 
 #include <fcntl.h>
+#include <linux/input.h>
+#include <sys/ioctl.h>
 
+#include <array>
 #include <cerrno>
 #include <ctime>
 #include <utility>
@@ -53,6 +56,18 @@ std::optional<InputNode> InputNode::open(const std::string& path) {
 
 InputNode::InputNode(std::string path, OwnedDescriptor descriptor, Owned<libevdev> device)
     : m_path(std::move(path)), m_descriptor(std::move(descriptor)), m_device(std::move(device)) {}
+
+void InputNode::hear(const Types& types) const {
+    std::array<unsigned char, (EV_CNT + 7) / 8> bits{};
+    for (std::size_t type = 0; type < types.size(); ++type) {
+        bits.at(type / 8) |= static_cast<unsigned char>(types[type] ? 1U << (type % 8) : 0U);
+    }
+    input_mask mask{};
+    mask.type = EV_SYN; // Stands for the types themselves.
+    mask.codes_size = bits.size();
+    mask.codes_ptr = reinterpret_cast<std::uintptr_t>(bits.data());
+    ::ioctl(m_descriptor.get(), EVIOCSMASK, &mask);
+}
 
 DeviceFacts InputNode::facts(std::string_view place) const {
     const char* const plug = libevdev_get_phys(m_device.get());

@@ -6,6 +6,7 @@
 #include "service/devices/DeviceFacts.h"
 #include "service/devices/Handles.h"
 
+#include <bitset>
 #include <optional>
 #include <string>
 
@@ -19,6 +20,11 @@ public:
 
     /// Returns what it is. `place` is where the system has it below /sys.
     [[nodiscard]] DeviceFacts facts(std::string_view place) const;
+
+    using Types = std::bitset<EV_CNT>;
+
+    /// Has the kernel keep for us what the device sends of these types of events, and nothing else.
+    void hear(const Types& types) const;
 
     [[nodiscard]] int descriptor() const { return m_descriptor.get(); }
 

@@ -31,9 +31,6 @@ public:
 
     void write(std::span<const input_event> events) const;
 
-    /// Becomes readable when programs switch lights.
-    [[nodiscard]] int descriptor() const { return m_descriptor.get(); }
-
     /// Where the system has it below /sys.
     [[nodiscard]] std::string_view place() const;
 
