@@ -52,6 +52,16 @@ std::chrono::nanoseconds MeasuredService::processorTime() const {
     return std::chrono::nanoseconds(nanoseconds);
 }
 
+std::uint64_t MeasuredService::wakeUps() const {
+    auto status = processFile(m_process, "status");
+    std::string word;
+    std::uint64_t count = 0;
+    while (status >> word && word != "voluntary_ctxt_switches:") {
+    }
+    status >> count;
+    return count;
+}
+
 double MeasuredService::residentMebibytes() const {
     std::uint64_t size = 0;
     std::uint64_t resident = 0;

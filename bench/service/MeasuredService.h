@@ -5,6 +5,7 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,9 @@ public:
 
     /// Returns how long the processor has worked for it.
     [[nodiscard]] std::chrono::nanoseconds processorTime() const;
+
+    /// Returns how often it has gone to sleep and so, but for the last time, woken up.
+    [[nodiscard]] std::uint64_t wakeUps() const;
 
     /// Returns how much of it is in memory.
     [[nodiscard]] double residentMebibytes() const;

@@ -12,22 +12,23 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <ctime>
 #include <string_view>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 namespace pallistrom {
 
 namespace {
 
-constexpr const char* name = "Keyboard of a benchmark";
 constexpr const char* folder = "/dev/input";
 
 } // namespace
 
-TestKeyboard::TestKeyboard() {
+TestKeyboard::TestKeyboard(std::string name) : m_name(std::move(name)) {
     const std::unique_ptr<libevdev, void (*)(libevdev*)> device(libevdev_new(), libevdev_free);
-    libevdev_set_name(device.get(), name);
+    libevdev_set_name(device.get(), m_name.c_str());
     libevdev_set_id_bustype(device.get(), BUS_USB);
     for (unsigned key = KEY_ESC; key <= KEY_COMPOSE; ++key) {
         libevdev_enable_event_code(device.get(), EV_KEY, key, nullptr);
@@ -77,7 +78,10 @@ int TestKeyboard::openOutput() const {
         }
         std::array<char, 128> itsName{};
         ::ioctl(descriptor, EVIOCGNAME(itsName.size() - 1), itsName.data());
-        if (std::string_view(itsName.data()) == name) {
+        if (std::string_view(itsName.data()) == m_name) {
+            // Of the clock that tells when a key was sent.
+            int clock = CLOCK_MONOTONIC;
+            ::ioctl(descriptor, EVIOCSCLOCKID, &clock);
             return descriptor;
         }
         ::close(descriptor);

@@ -17,7 +17,7 @@ namespace pallistrom {
 class TestKeyboard {
 public:
     /// Makes the keyboard; throws std::system_error.
-    TestKeyboard();
+    explicit TestKeyboard(std::string name);
     TestKeyboard(const TestKeyboard&) = delete;
     TestKeyboard& operator=(const TestKeyboard&) = delete;
     ~TestKeyboard();
@@ -41,6 +41,7 @@ private:
         void operator()(libevdev_uinput* device) const { libevdev_uinput_destroy(device); }
     };
 
+    std::string m_name;
     std::unique_ptr<libevdev_uinput, Destroyer> m_keyboard;
     int m_output = -1;
 };
