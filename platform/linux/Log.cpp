@@ -2,14 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Log.h"
 
+#include "platform/linux/SystemLog.h"
+
 #include <sys/stat.h>
-#include <syslog.h>
 #include <unistd.h>
 
 #include <cinttypes>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 namespace pallistrom {
 
@@ -30,15 +32,24 @@ bool standardErrorIsTheJournal() {
            inode == file.st_ino;
 }
 
+// All in one piece, so that lines of several programs do not end up in one another.
+void writeToErrorStream(std::string_view line) {
+    const std::string text = SystemLog::nameOfThisProcess().append(line).append("\n");
+    // There is nowhere left to say that this has failed.
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, text.data(), text.size());
+}
+
 } // namespace
 
 void NSLog(std::string_view line) {
     // Never twice in the journal: what goes to the error stream is there already if systemd reads
     // it.
-    static const int options = standardErrorIsTheJournal() ? 0 : LOG_PERROR;
-    openlog(nullptr, LOG_PID | options, LOG_USER);
-    syslog(LOG_NOTICE, "%.*s", static_cast<int>(line.size()), line.data());
-    closelog();
+    static const bool isInTheJournal = standardErrorIsTheJournal();
+    // A line for which there is no room is lost: nothing waits for a log.
+    static_cast<void>(SystemLog::send(SystemLog::usualSocket, line));
+    if (!isInTheJournal) {
+        writeToErrorStream(line);
+    }
 }
 
 } // namespace pallistrom

@@ -144,6 +144,21 @@ TEST(Log, isOnceInTheJournalThatReadsTheErrorStreamToo) {
     });
 }
 
+TEST(Log, namesTheProcessAndTheKindOfLineToTheSystemLog) {
+    InChildProcess::run([] {
+        ErrorStream errors;
+        Environment::unset("JOURNAL_STREAM");
+        SystemLog log;
+        if (!log.open()) {
+            GTEST_SKIP() << "no mounts of our own to put a system log on";
+        }
+        NSLog("Pallistrom: a line");
+        const std::string name = "log_tests[" + std::to_string(getpid()) + "]: ";
+        EXPECT_THAT(log.take(), ElementsAre("<13>" + name + "Pallistrom: a line"));
+        EXPECT_EQ(errors.take(), name + "Pallistrom: a line\n");
+    });
+}
+
 } // namespace
 
 } // namespace pallistrom
