@@ -170,7 +170,6 @@ void Keyboards::follow(KeyboardNumber number, Keyboard::News news) {
 }
 
 void Keyboards::panic() {
-    NSLog("Pallistrom: the panic chord was pressed; all keyboards are let go");
     m_isAllowed = false;
     m_stream.setChangesAllowed(false);
     m_stream.letGo();
@@ -180,6 +179,7 @@ void Keyboards::panic() {
             keyboard->setWanted(false);
         }
     }
+    NSLog("Pallistrom: the panic chord was pressed; all keyboards are let go");
     if (m_observer != nullptr) {
         m_observer->panicked();
     }
