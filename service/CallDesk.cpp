@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "service/CallDesk.h"
 
-#include "platform/Log.h"
 #include "service/clients/AccessRule.h"
 
 #include <memory>
@@ -27,25 +26,17 @@ Overloaded(Handlers...) -> Overloaded<Handlers...>;
 std::string_view describe(Access access) {
     switch (access) {
     case Access::Granted:
-        return "access";
+        return "has access";
     case Access::NotGranted:
-        return "no access: it was not granted";
+        return "has no access: it was not granted";
     case Access::Panicked:
-        return "no access: the panic chord was pressed";
+        return "has no access: the panic chord was pressed";
     case Access::NotLocal:
-        return "no access: no session at this machine's keyboard";
+        return "has no access: no session at this machine's keyboard";
     case Access::NoKeyboard:
-        return "no access: no virtual keyboard can be made";
+        return "has no access: no virtual keyboard can be made";
     }
     return {};
-}
-
-void logAccess(UserId user, Access access) {
-    NSLog("Pallistrom: user " + std::to_string(user) + " has " + std::string{describe(access)});
-}
-
-void logUser(UserId user, std::string_view what) {
-    NSLog("Pallistrom: user " + std::to_string(user) + " " + std::string{what});
 }
 
 } // namespace
@@ -54,7 +45,7 @@ bool CallDesk::arrive(const std::string& caller, UserId user) {
     if (m_state.users.add(caller, user)) {
         return true;
     }
-    logUser(user, "has too many connections; one was refused");
+    m_log.say(user, UserLog::About::Connections, "has too many connections; one was refused");
     return false;
 }
 
@@ -72,7 +63,7 @@ void CallDesk::carryOut(BusSide& side,
     std::visit(Overloaded{
                    [&](Calls::GetAccess) {
                        const Access access = accessOf(caller);
-                       logAccess(*user, access);
+                       m_log.say(*user, UserLog::About::Access, describe(access));
                        m_news.told(caller, access);
                        reply.value(static_cast<std::uint32_t>(access));
                    },
@@ -126,10 +117,10 @@ void CallDesk::requestGrant(BusSide& side,
     side.authority().ask(caller, [this, user, shared, later](GrantAnswer answer) {
         m_asking.erase(user);
         if (answer == GrantAnswer::Granted) {
-            logUser(user, "was granted that keys are filtered");
+            m_log.say(user, UserLog::About::Grant, "was granted that keys are filtered");
             m_state.grants.give(user);
         } else {
-            logUser(user, "was not granted that keys are filtered");
+            m_log.say(user, UserLog::About::Grant, "was not granted that keys are filtered");
         }
         shared->value(static_cast<std::uint32_t>(answer));
         later();
@@ -159,7 +150,9 @@ void CallDesk::vanishAll(Moment now) {
 void CallDesk::spreadNews(const BusSide& side) {
     m_news.update([this](const std::string& caller) { return accessOf(caller); },
                   [&](const std::string& caller, Access access) {
-                      logAccess(m_state.users.userOf(caller).value_or(0), access);
+                      if (const auto user = m_state.users.userOf(caller)) {
+                          m_log.say(*user, UserLog::About::Access, describe(access));
+                      }
                       side.tellAccess(caller, access);
                   });
 }

@@ -5,6 +5,7 @@
 #include "service/AccessNews.h"
 #include "service/KeyControl.h"
 #include "service/ServiceState.h"
+#include "service/UserLog.h"
 #include "service/bus/BusSide.h"
 
 #include <set>
@@ -48,6 +49,7 @@ private:
     ServiceState& m_state;
     const KeyControl& m_keys;
     AccessNews m_news;
+    UserLog m_log;
     std::map<UserId, std::string> m_asking; ///< the caller for whom a person is being asked
 };
 

@@ -3,6 +3,7 @@
 #include "service/polkit/Authority.h"
 
 #include "pallistrom/Names.h"
+#include "platform/Log.h"
 #include "service/polkit/AuthorityAnswer.h"
 
 #include <limits>
@@ -81,8 +82,17 @@ void Authority::drop(const std::string& caller) {
     m_questions.erase(found);
 }
 
+// Once for each kind of trouble: anybody may have a question asked, as often as they like.
+void Authority::noteTrouble(const sd_bus_error* error) {
+    const std::string trouble = error == nullptr ? "" : error->name;
+    if (std::exchange(m_trouble, trouble) != trouble && !trouble.empty()) {
+        NSLog("Pallistrom: the grant cannot be asked for: " + trouble);
+    }
+}
+
 int Authority::told(sd_bus_message* answer, void* question, sd_bus_error* /*error*/) {
     auto& asked = *static_cast<Question*>(question);
+    asked.owner->noteTrouble(sd_bus_message_get_error(answer));
     const auto node = asked.owner->m_questions.extract(asked.caller);
     node.mapped()->answered(readAuthorityAnswer(answer));
     return 1;

@@ -45,10 +45,12 @@ private:
         OwnedSlot call;
     };
 
+    void noteTrouble(const sd_bus_error* error);
     static int told(sd_bus_message* answer, void* question, sd_bus_error* error);
 
     sd_bus* m_bus;
     std::uint64_t m_count = 0;
+    std::string m_trouble; ///< the name of the error that the last answer was
     // Slots point at their question: it must not move.
     std::map<std::string, std::unique_ptr<Question>> m_questions;
 };

@@ -2,10 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "service/polkit/AuthorityAnswer.h"
 
-#include "platform/Log.h"
-
-#include <string>
-
 namespace pallistrom {
 
 namespace {
@@ -15,7 +11,6 @@ using KeyboardInterface::GrantAnswer;
 GrantAnswer readError(const sd_bus_error& error) {
     const bool isMissing = sd_bus_error_has_name(&error, SD_BUS_ERROR_SERVICE_UNKNOWN) != 0 ||
                            sd_bus_error_has_name(&error, SD_BUS_ERROR_NAME_HAS_NO_OWNER) != 0;
-    NSLog(std::string{"Pallistrom: the grant cannot be asked for: "} + error.name);
     return isMissing ? GrantAnswer::NoAgent : GrantAnswer::Denied;
 }
 

@@ -125,6 +125,33 @@ TEST_F(ServiceRefusal, meetsWhoeverComesTooOften) {
         << "there is room again";
 }
 
+TEST_F(ServiceRefusal, isNotLoggedAgainAndAgain) {
+    start();
+    for (int i = 0; i < 20; ++i) {
+        Client client{loop};
+        EXPECT_EQ(accessOf(client), Access::NotGranted);
+        EXPECT_EQ(accessOf(client), Access::NotGranted);
+        const auto outcome = client.call("RequestGrant");
+        ASSERT_TRUE(loop.runUntil(
+            [&] { return authority->questions().size() == static_cast<std::size_t>(i) + 1; }));
+        authority->answerWithError("org.freedesktop.PolicyKit1.Error.Failed");
+        ASSERT_TRUE(loop.runUntil([&] { return outcome->isHere; }));
+    }
+    EXPECT_EQ(timesLogged("has no access: it was not granted"), 1U);
+    EXPECT_EQ(timesLogged("the grant cannot be asked for"), 1U);
+    EXPECT_EQ(timesLogged("was not granted that keys are filtered"), 1U);
+
+    // What has changed is news.
+    Client client{loop};
+    accessOf(client);
+    login->close("1");
+    ASSERT_TRUE(loop.runUntil([&] { return client.news().size() == 1; }));
+    login->open({.id = "2", .user = me()});
+    ASSERT_TRUE(loop.runUntil([&] { return client.news().size() == 2; }));
+    EXPECT_EQ(timesLogged("has no access: no session"), 1U);
+    EXPECT_EQ(timesLogged("has no access: it was not granted"), 2U);
+}
+
 TEST_F(ServiceRefusal, meetsFloodsOfWhatTheLibraryAnswersItself) {
     start();
     Client flood{loop};

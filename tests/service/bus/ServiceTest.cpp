@@ -42,10 +42,11 @@ bool ServiceTest::becomesAllowed(bool isAllowed) const {
     return loop.runUntil([&] { return keys.isAllowed == isAllowed; });
 }
 
-bool ServiceTest::isLogged(std::string_view text) const {
-    return std::any_of(platform.log.begin(), platform.log.end(), [&](const std::string& line) {
-        return line.find(text) != std::string::npos;
-    });
+std::size_t ServiceTest::timesLogged(std::string_view text) const {
+    return static_cast<std::size_t>(
+        std::count_if(platform.log.begin(), platform.log.end(), [&](const std::string& line) {
+            return line.find(text) != std::string::npos;
+        }));
 }
 
 // The service's answer to a new caller comes after all that was on its way before, but for what it

@@ -15,6 +15,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -53,7 +54,10 @@ protected:
     [[nodiscard]] bool becomesAllowed(bool isAllowed) const;
 
     /// Whether a line of the log has `text` in it.
-    [[nodiscard]] bool isLogged(std::string_view text) const;
+    [[nodiscard]] bool isLogged(std::string_view text) const { return timesLogged(text) > 0; }
+
+    /// How many lines of the log have `text` in them.
+    [[nodiscard]] std::size_t timesLogged(std::string_view text) const;
 
     /// Waits until all that has been sent to the service so far was served.
     void settle();
