@@ -52,7 +52,7 @@ bool CallDesk::arrive(const std::string& caller, UserId user) {
 void CallDesk::carryOut(BusSide& side,
                         const std::string& caller,
                         PendingCall call,
-                        const std::function<void()>& later) {
+                        const std::function<void()>& changed) {
     const auto user = m_state.users.userOf(caller);
     if (!user) {
         call.reply.tooMuch();
@@ -68,10 +68,10 @@ void CallDesk::carryOut(BusSide& side,
                        reply.value(static_cast<std::uint32_t>(access));
                    },
                    [&](Calls::RequestGrant) {
-                       requestGrant(side, caller, *user, std::move(call.reply), later);
+                       requestGrant(side, caller, *user, std::move(call.reply), changed);
                    },
                    [&](Calls::WithdrawGrant) {
-                       m_state.grants.withdraw(*user);
+                       withdrawGrant(*user, changed);
                        reply.done();
                    },
                    [&](Calls::EndPanic) {
@@ -99,11 +99,20 @@ void CallDesk::carryOut(BusSide& side,
                call.call);
 }
 
+void CallDesk::withdrawGrant(UserId user, const std::function<void()>& changed) {
+    if (m_state.grants.grantOf(user)) {
+        m_state.grants.withdraw(user);
+        // The keys are free before anybody hears of it.
+        changed();
+        m_log.say(user, UserLog::About::Grant, "has withdrawn the grant");
+    }
+}
+
 void CallDesk::requestGrant(BusSide& side,
                             const std::string& caller,
                             UserId user,
                             Reply reply,
-                            const std::function<void()>& later) {
+                            const std::function<void()>& changed) {
     if (m_state.grants.grantOf(user)) {
         reply.value(static_cast<std::uint32_t>(GrantAnswer::Granted));
         return;
@@ -114,7 +123,7 @@ void CallDesk::requestGrant(BusSide& side,
     }
     // Shared, as a std::function can be copied and a reply cannot.
     const auto shared = std::make_shared<Reply>(std::move(reply));
-    side.authority().ask(caller, [this, user, shared, later](GrantAnswer answer) {
+    side.authority().ask(caller, [this, user, shared, changed](GrantAnswer answer) {
         m_asking.erase(user);
         if (answer == GrantAnswer::Granted) {
             m_log.say(user, UserLog::About::Grant, "was granted that keys are filtered");
@@ -123,7 +132,7 @@ void CallDesk::requestGrant(BusSide& side,
             m_log.say(user, UserLog::About::Grant, "was not granted that keys are filtered");
         }
         shared->value(static_cast<std::uint32_t>(answer));
-        later();
+        changed();
     });
 }
 

@@ -23,12 +23,13 @@ public:
     /// Returns false if there are too many already.
     [[nodiscard]] bool arrive(const std::string& caller, UserId user);
 
-    /// `side` is where the call came from. `later` is called once an answer has come that was not
-    /// there at once.
+    /// `side` is where the call came from. `changed` is called for what cannot wait until this
+    /// returns, and for what comes afterwards: before a caller is told that its grant is gone, and
+    /// once a person has said yes or no.
     void carryOut(BusSide& side,
                   const std::string& caller,
                   PendingCall call,
-                  const std::function<void()>& later);
+                  const std::function<void()>& changed);
 
     void vanish(BusSide& side, const std::string& caller, Moment now);
 
@@ -40,11 +41,12 @@ public:
 
 private:
     [[nodiscard]] KeyboardInterface::Access accessOf(const std::string& caller) const;
+    void withdrawGrant(UserId user, const std::function<void()>& changed);
     void requestGrant(BusSide& side,
                       const std::string& caller,
                       UserId user,
                       Reply reply,
-                      const std::function<void()>& later);
+                      const std::function<void()>& changed);
 
     ServiceState& m_state;
     const KeyControl& m_keys;

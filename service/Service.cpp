@@ -22,6 +22,7 @@ Service::Service(sd_event* loop, KeyControl& keys, EventTapController& tap, Gran
 
 Service::~Service() {
     m_keys.setObserver(nullptr);
+    m_state.grants.save();
 }
 
 void Service::start() {
@@ -112,10 +113,12 @@ int Service::reconnectNow(sd_event_source* /*source*/, std::uint64_t /*time*/, v
 
 void Service::panicked() {
     if (const auto& active = m_state.login.active) {
-        NSLog("Pallistrom: user " + std::to_string(active->user) + " pressed the panic chord");
         m_state.grants.suspend(active->user);
+        update();
+        NSLog("Pallistrom: user " + std::to_string(active->user) + " pressed the panic chord");
+    } else {
+        update();
     }
-    update();
 }
 
 void Service::keyboardsChanged() {
@@ -132,6 +135,7 @@ void Service::update() {
         updateOnce();
     }
     m_isUpdating = false;
+    saveSoon();
 }
 
 void Service::updateOnce() {
@@ -175,6 +179,28 @@ void Service::armHoldTimer() {
             static_cast<void>(sd_event_exit(m_loop, EXIT_FAILURE));
         }
     }
+}
+
+// On a later turn: the keyboards are free by then, and whoever asked for that has the answer.
+void Service::saveSoon() {
+    if (!m_state.grants.isToBeSaved() || m_saveSource) {
+        return;
+    }
+    const int result = into(m_saveSource, [this](sd_event_source** source) {
+        return sd_event_add_defer(m_loop, source, saveNow, this);
+    });
+    if (result < 0) {
+        m_state.grants.save();
+        return;
+    }
+    static_cast<void>(sd_event_source_set_priority(m_saveSource.get(), busPriority));
+}
+
+int Service::saveNow(sd_event_source* /*source*/, void* service) {
+    auto& self = *static_cast<Service*>(service);
+    self.m_saveSource.reset();
+    self.m_state.grants.save();
+    return 0;
 }
 
 int Service::holdIsOver(sd_event_source* /*source*/, std::uint64_t /*time*/, void* service) {

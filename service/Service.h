@@ -49,9 +49,11 @@ private:
     void updateOnce();
     void prepareKeyboards();
     void armHoldTimer();
+    void saveSoon();
     [[nodiscard]] Moment now() const;
     static int reconnect(sd_event_source* source, void* service);
     static int reconnectNow(sd_event_source* source, std::uint64_t time, void* service);
+    static int saveNow(sd_event_source* source, void* service);
     static int holdIsOver(sd_event_source* source, std::uint64_t time, void* service);
 
     sd_event* m_loop;
@@ -69,6 +71,7 @@ private:
     OwnedSource m_lossSource;
     OwnedSource m_reconnectTimer;
     OwnedSource m_holdTimer;
+    OwnedSource m_saveSource;
 };
 
 } // namespace pallistrom

@@ -66,6 +66,23 @@ bool writeFile(const std::filesystem::path& path, std::string_view text) {
     return file.isOpen() && writeAll(file.get(), text) && fsync(file.get()) == 0 && file.closeNow();
 }
 
+// Takes no more room on the disk than the file has. If the machine stops in the middle of it the
+// file is damaged, and so grants nothing.
+bool overwriteFile(const std::filesystem::path& path, std::string_view text) {
+    OwnedDescriptor file = openFile(path, O_WRONLY);
+    return file.isOpen() && writeAll(file.get(), text) &&
+           ftruncate(file.get(), static_cast<off_t>(text.size())) == 0 && fsync(file.get()) == 0 &&
+           file.closeNow();
+}
+
+bool removeFile(const std::filesystem::path& path) {
+    if (unlink(path.c_str()) != 0) {
+        return errno == ENOENT;
+    }
+    keepFolder(path.parent_path());
+    return true;
+}
+
 } // namespace
 
 GrantFile::GrantFile(const std::filesystem::path& folder)
@@ -73,39 +90,50 @@ GrantFile::GrantFile(const std::filesystem::path& folder)
       m_newFile{folder / "grants.new"},
       m_damagedFile{folder / "grants.damaged"} {}
 
-GrantFile::Outcome GrantFile::load(Grants& grants) const {
+GrantFile::Loaded GrantFile::load(Grants& grants) const {
     const OwnedDescriptor file = openFile(m_file, O_RDONLY);
     if (!file.isOpen() && errno == ENOENT) {
-        return Outcome::Done;
+        return Loaded::Done;
     }
     const auto text = file.isOpen() ? readAll(file.get()) : std::nullopt;
     if (!text) {
-        return Outcome::Failed;
+        return Loaded::Failed;
     }
     if (const auto read = GrantsText::parse(*text)) {
         grants = *read;
-        return Outcome::Done;
+        return Loaded::Done;
     }
     // If it cannot be put aside, the next grant replaces it.
     static_cast<void>(std::rename(m_file.c_str(), m_damagedFile.c_str()));
-    return Outcome::Damaged;
+    return Loaded::Damaged;
 }
 
-GrantFile::Outcome GrantFile::store(const Grants& grants) const {
+GrantFile::Stored GrantFile::store(const Grants& grants) const {
     if (grants.empty()) {
-        const bool isGone = unlink(m_file.c_str()) == 0 || errno == ENOENT;
-        keepFolder(m_file.parent_path());
-        return isGone ? Outcome::Done : Outcome::Failed;
+        return removeFile(m_file) ? Stored::Done : Stored::Failed;
     }
     if (writeFile(m_newFile, GrantsText::make(grants)) &&
         std::rename(m_newFile.c_str(), m_file.c_str()) == 0) {
         keepFolder(m_file.parent_path());
-        return Outcome::Done;
+        return Stored::Done;
     }
     const int why = errno;
     unlink(m_newFile.c_str());
     errno = why;
-    return Outcome::Failed;
+    return Stored::Failed;
+}
+
+GrantFile::Stored GrantFile::storeLess(const Grants& grants) const {
+    if (store(grants) == Stored::Done) {
+        return Stored::Done;
+    }
+    const int why = errno;
+    if (overwriteFile(m_file, GrantsText::make(grants))) {
+        return Stored::Done;
+    }
+    const bool isGone = removeFile(m_file);
+    errno = why;
+    return isGone ? Stored::Removed : Stored::Failed;
 }
 
 } // namespace pallistrom

@@ -21,12 +21,12 @@ void logFailure(const std::string& what) {
 
 GrantStore::GrantStore(GrantFile file) : m_file{std::move(file)} {
     switch (m_file.load(m_grants)) {
-    case GrantFile::Outcome::Done:
+    case GrantFile::Loaded::Done:
         break;
-    case GrantFile::Outcome::Damaged:
+    case GrantFile::Loaded::Damaged:
         NSLog("Pallistrom: the file of grants is damaged and was put aside; nobody has a grant");
         break;
-    case GrantFile::Outcome::Failed:
+    case GrantFile::Loaded::Failed:
         logFailure("the file of grants cannot be read; nobody has a grant");
         break;
     }
@@ -40,29 +40,43 @@ void GrantStore::give(uid_t user) {
 }
 
 void GrantStore::withdraw(uid_t user) {
-    if (m_grants.erase(user) != 0) {
-        store();
-    }
+    m_isToBeSaved = m_grants.erase(user) != 0 || m_isToBeSaved;
 }
 
 void GrantStore::suspend(uid_t user) {
-    replace(user, Grant::Suspended);
+    if (grantOf(user) == Grant::Given) {
+        m_grants.insert_or_assign(user, Grant::Suspended);
+        m_isToBeSaved = true;
+    }
 }
 
 void GrantStore::resume(uid_t user) {
-    replace(user, Grant::Given);
-}
-
-void GrantStore::replace(uid_t user, Grant grant) {
-    const auto found = m_grants.find(user);
-    if (found != m_grants.end() && found->second != grant) {
-        found->second = grant;
+    if (grantOf(user) == Grant::Suspended) {
+        m_grants.insert_or_assign(user, Grant::Given);
         store();
     }
 }
 
-void GrantStore::store() const {
-    if (m_file.store(m_grants) != GrantFile::Outcome::Done) {
+void GrantStore::save() {
+    if (!std::exchange(m_isToBeSaved, false)) {
+        return;
+    }
+    switch (m_file.storeLess(m_grants)) {
+    case GrantFile::Stored::Done:
+        break;
+    case GrantFile::Stored::Removed:
+        logFailure("the grants cannot be written and end with the service; their file was removed");
+        break;
+    case GrantFile::Stored::Failed:
+        logFailure("the file of grants can neither be written nor removed");
+        break;
+    }
+}
+
+void GrantStore::store() {
+    if (m_file.store(m_grants) == GrantFile::Stored::Done) {
+        m_isToBeSaved = false;
+    } else {
         logFailure("the grants cannot be written and hold until the service ends");
     }
 }

@@ -9,8 +9,9 @@
 
 namespace pallistrom {
 
-/// The grants of all users, kept in memory and, as well as the disk lets us, in a file. What cannot
-/// be written holds until the service ends; the log has a line about it.
+/// The grants of all users, kept in memory and, as well as the disk lets us, in a file. What was
+/// given and cannot be written holds until the service ends; the log has a line about it. What was
+/// taken away does not come back for the disk's sake.
 class GrantStore {
 public:
     /// Loads what is there.
@@ -32,12 +33,19 @@ public:
 
     void resume(uid_t user);
 
+    /// Whether a grant was withdrawn or suspended and the file does not say so yet. These two are
+    /// not written at once: whoever takes a grant away does not wait for a disk.
+    [[nodiscard]] bool isToBeSaved() const { return m_isToBeSaved; }
+
+    /// Writes what is to be saved, if anything is.
+    void save();
+
 private:
-    void replace(uid_t user, Grant grant);
-    void store() const;
+    void store();
 
     GrantFile m_file;
     Grants m_grants;
+    bool m_isToBeSaved = false;
 };
 
 } // namespace pallistrom

@@ -4,6 +4,7 @@
 
 #include "service/KeyControl.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,6 +21,9 @@ public:
     void setAllowed(bool allowed) override {
         calls.emplace_back(allowed ? "allow" : "forbid");
         isAllowed = allowed;
+        if (const auto& tell = isAllowed ? whenAllowed : whenForbidden) {
+            tell();
+        }
         if (isAllowed != m_isGrabbing) {
             m_isGrabbing = isAllowed;
             m_observer->keyboardsChanged();
@@ -53,6 +57,8 @@ public:
     bool isAllowed = false;
     std::optional<ModifierTable> table;
     std::optional<FrontApplication> front;
+    std::function<void()> whenAllowed;
+    std::function<void()> whenForbidden;
 
 private:
     Observer* m_observer = nullptr;

@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "ServiceTest.h"
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
 // How a user comes by the grant.
 
 namespace pallistrom {
@@ -34,7 +38,89 @@ protected:
     }
 };
 
+/// Of the file of grants, while users come and go.
+class ServiceSaving : public ServiceGranting {
+protected:
+    /// Starts with my keys being filtered.
+    void startFiltering(Client& client) {
+        start();
+        call(client, "SetTap", "b", 1);
+        ASSERT_TRUE(keys.isAllowed);
+    }
+
+    [[nodiscard]] std::string grantText() const {
+        std::ifstream stream{folder.path() / "grants"};
+        return {std::istreambuf_iterator<char>{stream}, {}};
+    }
+
+    const std::string given = "pallistrom-grants 1\n" + std::to_string(me()) + " given\n";
+    const std::string suspended = "pallistrom-grants 1\n" + std::to_string(me()) + " suspended\n";
+};
+
 } // namespace
+
+TEST_F(ServiceSaving, comesAfterTheKeysWereLetGo) {
+    grantFromBefore(me());
+    Client client{loop};
+    startFiltering(client);
+    std::string then;
+    keys.whenForbidden = [&] {
+        then = grantText();
+    };
+    EXPECT_EQ(call(client, "WithdrawGrant").error, "");
+    EXPECT_EQ(then, given) << "not yet written when the keys were let go";
+    EXPECT_FALSE(keys.isAllowed);
+    EXPECT_TRUE(loop.runUntil([&] { return !hasGrantFile(); }));
+    EXPECT_TRUE(isLogged("has withdrawn the grant"));
+}
+
+TEST_F(ServiceSaving, comesAfterTheKeysWereLetGoInAPanic) {
+    grantFromBefore(me());
+    Client client{loop};
+    startFiltering(client);
+    keys.panic();
+    EXPECT_FALSE(keys.isAllowed);
+    EXPECT_EQ(grantText(), given);
+    EXPECT_TRUE(loop.runUntil([&] { return grantText() == suspended; }));
+}
+
+TEST_F(ServiceSaving, isNotMissedByAServiceThatEnds) {
+    grantFromBefore(me());
+    Client client{loop};
+    startFiltering(client);
+    keys.panic();
+    stop();
+    EXPECT_EQ(grantText(), suspended);
+}
+
+TEST_F(ServiceSaving, comesBeforeTheKeysAreTaken) {
+    grantFromBefore(me());
+    Client client{loop};
+    startFiltering(client);
+    keys.panic();
+    ASSERT_TRUE(loop.runUntil([&] { return grantText() == suspended; }));
+    std::string then;
+    keys.whenAllowed = [&] {
+        then = grantText();
+    };
+    EXPECT_EQ(call(client, "EndPanic").error, "");
+    EXPECT_EQ(then, given);
+}
+
+TEST_F(ServiceSaving, ofAWithdrawalNeedsNoRoomOnTheDisk) {
+    grantFromBefore(me());
+    grantFromBefore(me() + 1);
+    // A folder in the way is as good as a disk that takes no new file.
+    std::filesystem::create_directory(folder.path() / "grants.new");
+    Client client{loop};
+    startFiltering(client);
+    EXPECT_EQ(call(client, "WithdrawGrant").error, "");
+    stop();
+    start();
+    Client again{loop};
+    EXPECT_EQ(accessOf(again), Access::NotGranted);
+    EXPECT_EQ(GrantStore{GrantFile{folder.path()}}.grantOf(me() + 1), Grant::Given);
+}
 
 TEST_F(ServiceGranting, asksAPersonInTheNameOfTheConnection) {
     start();

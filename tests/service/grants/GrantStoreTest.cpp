@@ -8,8 +8,10 @@
 #include "TinyDisk.h"
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -76,9 +78,11 @@ TEST_F(GrantStores, forgetWhatIsWithdrawnAndLeaveNoFile) {
     store.give(ann);
     store.give(bob);
     store.withdraw(ann);
+    store.save();
     EXPECT_EQ(open().grantOf(ann), std::nullopt);
     EXPECT_EQ(open().grantOf(bob), Grant::Given);
     store.withdraw(bob);
+    store.save();
     EXPECT_TRUE(fs::is_empty(folder.path()));
 }
 
@@ -86,6 +90,7 @@ TEST_F(GrantStores, keepWhatIsSuspended) {
     GrantStore store = open();
     store.give(ann);
     store.suspend(ann);
+    store.save();
     EXPECT_EQ(open().grantOf(ann), Grant::Suspended);
     store.resume(ann);
     EXPECT_EQ(open().grantOf(ann), Grant::Given);
@@ -96,6 +101,8 @@ TEST_F(GrantStores, suspendAndResumeNoGrantIntoBeing) {
     store.suspend(ann);
     store.resume(ann);
     store.withdraw(ann);
+    EXPECT_FALSE(store.isToBeSaved());
+    store.save();
     EXPECT_EQ(store.grantOf(ann), std::nullopt);
     EXPECT_FALSE(fs::exists(file()));
 }
@@ -153,7 +160,71 @@ TEST_F(GrantStores, holdWhatAFullDiskDoesNotTake) {
 
         disk.makeRoom();
         store.suspend(bob);
+        store.save();
         EXPECT_EQ(open().grantOf(bob), Grant::Suspended);
+    });
+}
+
+TEST_F(GrantStores, waitForNoDiskWhenAGrantIsTakenAway) {
+    GrantStore store = open();
+    store.give(ann);
+    store.give(bob);
+    store.suspend(ann);
+    store.withdraw(bob);
+    EXPECT_EQ(store.grantOf(ann), Grant::Suspended);
+    EXPECT_EQ(store.grantOf(bob), std::nullopt);
+    EXPECT_TRUE(store.isToBeSaved());
+    EXPECT_EQ(textOf(file()), "pallistrom-grants 1\n1000 given\n1001 given\n");
+
+    store.give(bob);
+    EXPECT_FALSE(store.isToBeSaved()) << "what is given is written at once, with all the rest";
+    EXPECT_EQ(textOf(file()), "pallistrom-grants 1\n1000 suspended\n1001 given\n");
+}
+
+TEST_F(GrantStores, takeGrantsAwayOnAFullDisk) {
+    InChildProcess::run([this] {
+        TinyDisk disk;
+        if (!InChildProcess::takeOwnMounts() || !disk.mountOn(folder.path())) {
+            GTEST_SKIP() << "no mounts of our own to put a full disk on";
+        }
+        GrantStore store = open();
+        store.give(ann);
+        store.give(bob);
+        disk.fill(0);
+
+        store.suspend(bob);
+        store.save();
+        EXPECT_EQ(textOf(file()), "pallistrom-grants 1\n1000 given\n1001 suspended\n");
+        store.withdraw(bob);
+        store.save();
+        EXPECT_EQ(textOf(file()), "pallistrom-grants 1\n1000 given\n") << "no end of the old text";
+        store.withdraw(ann);
+        store.save();
+        EXPECT_FALSE(fs::exists(file()));
+        EXPECT_THAT(RecordedLog::take(), IsEmpty());
+    });
+}
+
+TEST_F(GrantStores, loseAllGrantsBeforeOneComesBack) {
+    InChildProcess::run([this] {
+        GrantStore store = open();
+        store.give(ann);
+        RecordedLog::take();
+        store.suspend(ann);
+
+        // Files do not grow any more.
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before{};
+        ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+        rlimit tight = before;
+        tight.rlim_cur = fs::file_size(file());
+        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
+        store.save();
+        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+
+        EXPECT_TRUE(fs::is_empty(folder.path()));
+        EXPECT_EQ(store.grantOf(ann), Grant::Suspended) << "until the service ends";
+        EXPECT_THAT(RecordedLog::take(), ElementsAre(HasSubstr("their file was removed")));
     });
 }
 
