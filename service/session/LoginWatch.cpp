@@ -214,6 +214,9 @@ void LoginWatch::asked(int result, Step next) {
 
 int LoginWatch::answered(sd_bus_message* answer, void* watch, sd_bus_error* /*error*/) {
     auto& self = *static_cast<LoginWatch*>(watch);
+    if (sd_bus_is_open(self.m_bus) <= 0) {
+        return 1; // Nobody has answered: it is the library that clears up, and nothing has changed.
+    }
     const Step step = std::exchange(self.m_next, nullptr);
     (self.*step)(answer);
     return 1;

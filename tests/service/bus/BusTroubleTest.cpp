@@ -44,6 +44,21 @@ TEST_F(ServiceInBusTrouble, goesOnOnceTheBusIsBack) {
     EXPECT_FALSE(keys.isAllowed);
 }
 
+TEST_F(ServiceInBusTrouble, takesAQuestionThatWasCutOffForNoAnswer) {
+    grantFromBefore(me());
+    start();
+    Client client{loop};
+    call(client, "SetTap", "b", 1);
+    login->fallSilent();
+    login->lock("1", false);
+    ASSERT_TRUE(loop.runUntil([&] { return login->unanswered() > 0; }));
+    keys.calls.clear();
+    bus.stop();
+    ASSERT_TRUE(loop.runUntil([&] { return isLogged("connection to the system bus is over"); }));
+    EXPECT_THAT(keys.calls, testing::IsEmpty());
+    EXPECT_TRUE(keys.isAllowed);
+}
+
 TEST_F(ServiceInBusTrouble, saysSoOnceAndKeepsTrying) {
     bus.stop();
     service = std::make_unique<Service>(loop.get(), keys, tap, GrantFile{folder.path()});

@@ -39,6 +39,12 @@ public:
 
     void prepareForSleep(bool isGoingToSleep);
 
+    /// Answers no question about a session any more.
+    void fallSilent() { m_isSilent = true; }
+
+    /// How many questions it has kept silent to.
+    [[nodiscard]] int unanswered() const { return m_unanswered; }
+
     /// How often it was asked for the list of sessions.
     [[nodiscard]] int questions() const { return m_questions; }
 
@@ -66,6 +72,8 @@ private:
     std::vector<Session> m_sessions;
     std::string m_active;
     bool m_isGoingToSleep = false;
+    bool m_isSilent = false;
+    int m_unanswered = 0;
     int m_questions = 0;
     OwnedSlot m_managerObject;
     OwnedSlot m_seatObject;
