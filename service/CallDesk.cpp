@@ -78,6 +78,13 @@ void CallDesk::carryOut(BusSide& side,
                        m_state.grants.resume(*user);
                        reply.done();
                    },
+                   [&](const Calls::SetSession& set) {
+                       if (users.setSession(caller, set.id)) {
+                           reply.done();
+                       } else {
+                           reply.tooMuch();
+                       }
+                   },
                    [&](Calls::SetTap set) {
                        users.setTap(caller, set.on);
                        reply.done();

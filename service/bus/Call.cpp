@@ -21,6 +21,15 @@ std::optional<Call> readNothing(sd_bus_message* /*message*/) {
     return Kind{};
 }
 
+std::optional<Call> readSession(sd_bus_message* message) {
+    const char* id = nullptr;
+    if (sd_bus_message_read_basic(message, SD_BUS_TYPE_STRING, &id) <= 0 ||
+        !KeyboardInterface::isSessionName(id)) {
+        return std::nullopt;
+    }
+    return Calls::SetSession{.id = id};
+}
+
 std::optional<Call> readTap(sd_bus_message* message) {
     int on = 0;
     if (sd_bus_message_read_basic(message, SD_BUS_TYPE_BOOLEAN, &on) <= 0) {
@@ -88,6 +97,7 @@ constexpr std::array methods{
     Method{.name = "RequestGrant", .read = readNothing<Calls::RequestGrant>},
     Method{.name = "WithdrawGrant", .read = readNothing<Calls::WithdrawGrant>},
     Method{.name = "EndPanic", .read = readNothing<Calls::EndPanic>},
+    Method{.name = "SetSession", .read = readSession},
     Method{.name = "SetTap", .read = readTap},
     Method{.name = "SetSwitches", .read = readSwitches},
     Method{.name = "SetModifiers", .read = readModifiers},

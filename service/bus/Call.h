@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <variant>
 
 namespace pallistrom {
@@ -23,6 +24,10 @@ struct RequestGrant {};
 struct WithdrawGrant {};
 
 struct EndPanic {};
+
+struct SetSession {
+    std::string id;
+};
 
 struct SetTap {
     bool on = false;
@@ -46,6 +51,7 @@ using Call = std::variant<Calls::GetAccess,
                           Calls::RequestGrant,
                           Calls::WithdrawGrant,
                           Calls::EndPanic,
+                          Calls::SetSession,
                           Calls::SetTap,
                           Calls::SetSwitches,
                           Calls::SetModifiers,

@@ -8,6 +8,7 @@
 #include <systemd/sd-bus-vtable.h>
 
 #include <array>
+#include <utility>
 
 namespace pallistrom {
 
@@ -31,7 +32,7 @@ constexpr auto forAll = SD_BUS_VTABLE_UNPRIVILEGED;
     SD_BUS_METHOD_WITH_NAMES(name, in, inNames, out, outNames, KeyboardObject::received, forAll)
 
 // The signature of a call is checked by this table before anything of ours sees it.
-constexpr std::array<sd_bus_vtable, 12> table{{
+constexpr std::array<sd_bus_vtable, 13> table{{
     SD_BUS_VTABLE_START(0),
     SD_BUS_PROPERTY("Version", "u", tellVersion, 0, SD_BUS_VTABLE_PROPERTY_CONST),
     METHOD("GetAccess", "", "", "u", SD_BUS_PARAM(access)),
@@ -39,6 +40,7 @@ constexpr std::array<sd_bus_vtable, 12> table{{
     METHOD("RequestGrant", "", "", "u", SD_BUS_PARAM(answer)),
     METHOD("WithdrawGrant", "", "", "", ""),
     METHOD("EndPanic", "", "", "", ""),
+    METHOD("SetSession", "s", SD_BUS_PARAM(id), "", ""),
     METHOD("SetTap", "b", SD_BUS_PARAM(on), "", ""),
     METHOD("SetSwitches", "u", SD_BUS_PARAM(switches), "", ""),
     METHOD("SetModifiers", "a(qy)", SD_BUS_PARAM(modifiers), "", ""),
@@ -72,7 +74,7 @@ int KeyboardObject::received(sd_bus_message* message, void* object, sd_bus_error
         return 1;
     }
     const auto& self = *static_cast<KeyboardObject*>(object);
-    self.m_called(caller, {.call = *call, .reply = Reply{message}});
+    self.m_called(caller, {.call = std::move(*call), .reply = Reply{message}});
     return 1;
 }
 

@@ -17,12 +17,14 @@
 namespace pallistrom {
 
 /// Who is connected, and what each user wants of the keyboard. A connection is known by its name on
-/// the bus. What is said through it holds for its user, and of several connections of one user the
-/// last word counts; the tap is wanted as long as one of them wants it.
+/// the bus. What is said through it holds for its user and, if it has named its session, as long as
+/// that one has the keyboard: of a user's programs on several terminals each is heard on its own.
+/// What is said through a connection that has named none holds in any session of the user's in
+/// which nobody else wants the tap. Where several speak for the same the last word counts; the tap
+/// is wanted as long as one of them wants it.
 ///
-/// A connection that ends while it wants the tap leaves a hold on it: for a while the user's wishes
-/// stand as they are, so that a program that crashed can come back. Whoever says goodbye leaves
-/// none.
+/// A connection that ends while it wants the tap leaves a hold on it: for a while the wishes stand
+/// as they are, so that a program that crashed can come back. Whoever says goodbye leaves none.
 ///
 /// Every operation ignores connections that were never added.
 class Users {
@@ -30,15 +32,20 @@ public:
     static constexpr Moment holdTime = std::chrono::seconds{30};
     static constexpr std::size_t mostConnectionsOfOne = 8;
     static constexpr std::size_t mostConnections = 64;
+    static constexpr std::size_t mostSessionsOfOne = 16;
 
     /// Returns false if there are too many connections already.
     [[nodiscard]] bool add(std::string_view connection, UserId user);
 
     [[nodiscard]] std::optional<UserId> userOf(std::string_view connection) const;
 
+    /// The connection speaks for the session `id` from now on. What it has said before is not taken
+    /// along, but for the tap. Returns false if the user has too many sessions already.
+    [[nodiscard]] bool setSession(std::string_view connection, const std::string& id);
+
     void setTap(std::string_view connection, bool on);
 
-    /// Changes what the user of `connection` wants.
+    /// Changes what those want for whom `connection` speaks.
     void change(std::string_view connection, const std::function<void(UserWish&)>& change);
 
     /// The connection has ended without more words.
@@ -53,8 +60,8 @@ public:
     /// When passTime() will have something to do.
     [[nodiscard]] std::optional<Moment> nextChange() const;
 
-    /// Tells which session the keyboard belongs to now. A hold from an earlier session of the same
-    /// user ends.
+    /// Tells which session the keyboard belongs to now. A hold that names no session ends if it is
+    /// from an earlier one of the same user.
     void sessionIs(const std::optional<ActiveSession>& active);
 
     [[nodiscard]] bool wantsTap(UserId user) const;
@@ -67,22 +74,32 @@ public:
 private:
     struct Connection {
         UserId user = 0;
+        std::string session{}; ///< empty if it has named none
         bool wantsTap = false;
     };
 
-    struct User {
+    /// What was said for one session of a user, or for none that has a name.
+    struct Words {
         UserWish wish;
-        std::string session;       ///< the last one of the user's that had the keyboard
         std::optional<Moment> end; ///< of the hold, if there is one
     };
 
+    struct User {
+        std::map<std::string, Words, std::less<>> words{}; ///< by the session's name
+        std::string lastSession{}; ///< the last one of the user's that had the keyboard
+    };
+
     [[nodiscard]] std::size_t connectionsOf(UserId user) const;
-    [[nodiscard]] bool isConnectionWanting(UserId user) const;
-    void forgetIfGone(UserId user);
-    void endHold(UserId user);
+    [[nodiscard]] bool isConnected(UserId user, std::string_view session) const;
+    [[nodiscard]] bool isConnectionWanting(UserId user, std::string_view session) const;
+    [[nodiscard]] const Words* wordsWanting(UserId user, std::string_view session) const;
+    [[nodiscard]] const Words* wordsThatCount(UserId user) const;
+    void endHold(UserId user, const std::string& session);
+    void forgetIfGone(UserId user, const std::string& session);
 
     std::map<std::string, Connection, std::less<>> m_connections;
     std::map<UserId, User> m_users; ///< of those who are connected or have a hold
+    std::optional<ActiveSession> m_active;
 };
 
 } // namespace pallistrom

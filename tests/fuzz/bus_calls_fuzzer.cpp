@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Pallistrom authors
 // SPDX-License-Identifier: MIT
+#include "platform/linux/keyboardservice/KeyboardInterface.h"
 #include "service/bus/Call.h"
 #include "service/bus/Handles.h"
 
@@ -52,14 +53,15 @@ public:
     std::string m_bytes;
 };
 
-constexpr std::array<std::string_view, 8> members{"GetAccess",
+constexpr std::array<std::string_view, 9> members{"GetAccess",
                                                   "RequestGrant",
                                                   "WithdrawGrant",
                                                   "EndPanic",
                                                   "SetTap",
                                                   "SetSwitches",
                                                   "SetModifiers",
-                                                  "SetFrontApplication"};
+                                                  "SetFrontApplication",
+                                                  "SetSession"};
 
 std::string callWith(std::string_view member, std::string_view signature, std::string_view body) {
     RawMessage fields;
@@ -90,6 +92,8 @@ void check(bool holds) {
 void checkCall(const Call& call) {
     if (const auto* const set = std::get_if<Calls::SetSwitches>(&call)) {
         check(set->switches < 16);
+    } else if (const auto* const session = std::get_if<Calls::SetSession>(&call)) {
+        check(KeyboardInterface::isSessionName(session->id));
     } else if (const auto* const front = std::get_if<Calls::SetFrontApplication>(&call)) {
         check(front->kind <= FrontApplication::EditsBySelection);
     } else if (const auto* const modifiers = std::get_if<Calls::SetModifiers>(&call)) {
@@ -123,7 +127,7 @@ OwnedBus serve(int socket) {
 
 } // namespace
 
-// The first byte chooses the method; 8 and above stands for bytes that need be no message at all.
+// The first byte chooses the method; 9 and above stands for bytes that need be no message at all.
 // What follows up to a zero is the signature, the rest the arguments.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0 || size > 4096) {

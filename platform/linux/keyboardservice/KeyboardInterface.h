@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 /// What the keyboard service and the desktop program tell each other. The calls themselves are in
 /// packaging/service/org.pallistrom.Keyboard1.xml.
@@ -31,5 +32,14 @@ enum class GrantAnswer : std::uint32_t {
 
 /// The most entries of a modifier table that the service takes.
 inline constexpr std::size_t mostModifiers = 64;
+
+/// Returns whether `text` can be the name that the login manager has given to a session.
+[[nodiscard]] constexpr bool isSessionName(std::string_view text) {
+    constexpr std::size_t longest = 64;
+    constexpr std::string_view allowed =
+        "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ_abcdefghijklmnopqrstuvwxyz";
+    return !text.empty() && text.size() <= longest &&
+           text.find_first_not_of(allowed) == std::string_view::npos;
+}
 
 } // namespace pallistrom::KeyboardInterface

@@ -35,6 +35,14 @@ TEST_F(ServiceRefusal, meetsArgumentsOutOfRange) {
     EXPECT_EQ(call(client, "SetModifiers", "a(qy)", 1, 256, 1).error, invalid);
     EXPECT_EQ(call(client, "SetModifiers", "a(qy)", 1, 65535, 1).error, invalid);
     EXPECT_EQ(call(client, "SetModifiers", "a(qy)", 1, 30, 7).error, invalid);
+    const std::string longName(65, 'x');
+    for (const char* name : {"", "1 2", "../1", "1\n", "\xc3\xa4", longName.c_str()}) {
+        EXPECT_EQ(call(client, "SetSession", "s", name).error, invalid) << name;
+    }
+    EXPECT_EQ(call(client, "SetSession", "s", longName.substr(1).c_str()).error, "");
+    EXPECT_FALSE(keys.isAllowed) << "not the session that has the keyboard";
+    EXPECT_EQ(call(client, "SetSession", "s", "1").error, "");
+    EXPECT_TRUE(keys.isAllowed);
     EXPECT_EQ(keys.table, ModifierTable::standard());
     EXPECT_EQ(keys.front, FrontApplication::TakesEditingKeys);
 }

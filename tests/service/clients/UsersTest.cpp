@@ -176,6 +176,141 @@ TEST(Users, saidWhatWasSaidLast) {
     EXPECT_EQ(users.wishOf(ann).switches, 2U);
 }
 
+TEST(Users, whoHaveNamedTheirSessionAreHeardThereAlone) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    EXPECT_TRUE(users.setSession(":1.1", "3"));
+    users.setTap(":1.1", true);
+    users.change(":1.1", switchOn);
+    EXPECT_FALSE(users.wantsTap(ann)) << "nobody has the keyboard";
+    users.sessionIs(sessionOf(ann, "3"));
+    EXPECT_TRUE(users.wantsTap(ann));
+    EXPECT_EQ(users.wishOf(ann).switches, 5U);
+    users.sessionIs(sessionOf(ann, "7"));
+    EXPECT_FALSE(users.wantsTap(ann)) << "another terminal of the same user";
+    users.sessionIs(sessionOf(bob, "3"));
+    EXPECT_FALSE(users.wantsTap(ann));
+    EXPECT_FALSE(users.wantsTap(bob)) << "a name says nothing about somebody else";
+    users.sessionIs(sessionOf(ann, "3"));
+    EXPECT_TRUE(users.wantsTap(ann));
+}
+
+TEST(Users, areNotOverruledFromAnotherSessionOfTheirs) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    ASSERT_TRUE(users.add(":1.2", ann));
+    EXPECT_TRUE(users.setSession(":1.1", "3"));
+    EXPECT_TRUE(users.setSession(":1.2", "remote"));
+    users.sessionIs(sessionOf(ann, "3"));
+    users.change(":1.1", switchOn);
+    users.setTap(":1.1", true);
+    users.change(":1.2", [](UserWish& wish) { wish.switches = 2; });
+    users.setTap(":1.2", true);
+    EXPECT_EQ(users.wishOf(ann).switches, 5U);
+    users.setTap(":1.2", false);
+    users.vanish(":1.2", seconds{1});
+    EXPECT_TRUE(users.wantsTap(ann));
+    users.setTap(":1.1", false);
+    EXPECT_FALSE(users.wantsTap(ann));
+}
+
+TEST(Users, whoNameNoSessionAreHeardWhereNobodyElseWantsTheTap) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    ASSERT_TRUE(users.add(":1.2", ann));
+    EXPECT_TRUE(users.setSession(":1.1", "3"));
+    users.change(":1.1", switchOn);
+    users.change(":1.2", [](UserWish& wish) { wish.switches = 2; });
+    users.setTap(":1.2", true);
+    users.sessionIs(sessionOf(ann, "3"));
+    EXPECT_EQ(users.wishOf(ann).switches, 2U);
+    users.setTap(":1.1", true);
+    EXPECT_EQ(users.wishOf(ann).switches, 5U);
+    users.sessionIs(sessionOf(ann, "7"));
+    EXPECT_TRUE(users.wantsTap(ann));
+    EXPECT_EQ(users.wishOf(ann).switches, 2U);
+}
+
+TEST(Users, whoVanishKeepTheTapInTheirOwnSession) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    EXPECT_TRUE(users.setSession(":1.1", "3"));
+    users.setTap(":1.1", true);
+    users.change(":1.1", switchOn);
+    users.sessionIs(sessionOf(ann, "3"));
+    users.vanish(":1.1", seconds{100});
+    EXPECT_TRUE(users.wantsTap(ann));
+    EXPECT_EQ(users.wishOf(ann).switches, 5U);
+    users.sessionIs(sessionOf(ann, "7"));
+    EXPECT_FALSE(users.wantsTap(ann));
+    users.sessionIs(sessionOf(ann, "3"));
+    EXPECT_TRUE(users.wantsTap(ann)) << "it may come back";
+
+    ASSERT_TRUE(users.add(":1.2", ann));
+    EXPECT_TRUE(users.setSession(":1.2", "3"));
+    users.setTap(":1.2", false);
+    EXPECT_FALSE(users.wantsTap(ann));
+    EXPECT_EQ(users.nextChange(), std::nullopt);
+}
+
+TEST(Users, whoVanishLoseTheTapOfTheirOwnSessionAfter30Seconds) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    EXPECT_TRUE(users.setSession(":1.1", "3"));
+    users.setTap(":1.1", true);
+    users.sessionIs(sessionOf(ann, "3"));
+    users.vanish(":1.1", seconds{100});
+    EXPECT_THAT(users.nextChange(), Optional(Eq(Moment{seconds{130}})));
+    users.passTime(seconds{130});
+    EXPECT_FALSE(users.wantsTap(ann));
+    EXPECT_EQ(users.nextChange(), std::nullopt);
+}
+
+TEST(Users, whoComeBackWithANameEndTheHoldOfWhoHadNone) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    users.setTap(":1.1", true);
+    users.vanish(":1.1", seconds{100});
+    ASSERT_TRUE(users.add(":1.2", ann));
+    EXPECT_TRUE(users.setSession(":1.2", "3"));
+    users.sessionIs(sessionOf(ann, "3"));
+    EXPECT_TRUE(users.wantsTap(ann));
+    users.setTap(":1.2", false);
+    EXPECT_FALSE(users.wantsTap(ann));
+    EXPECT_EQ(users.nextChange(), std::nullopt);
+}
+
+TEST(Users, mayChangeTheirSession) {
+    Users users;
+    ASSERT_TRUE(users.add(":1.1", ann));
+    users.change(":1.1", switchOn);
+    users.setTap(":1.1", true);
+    users.sessionIs(sessionOf(ann, "3"));
+    EXPECT_TRUE(users.setSession(":1.1", "3"));
+    EXPECT_TRUE(users.wantsTap(ann));
+    EXPECT_EQ(users.wishOf(ann), UserWish{}) << "what was said before is not taken along";
+    EXPECT_TRUE(users.setSession(":1.1", "7"));
+    EXPECT_FALSE(users.wantsTap(ann));
+    EXPECT_EQ(users.nextChange(), std::nullopt);
+    EXPECT_TRUE(users.setSession(":1.9", "3")) << "whoever that is";
+}
+
+TEST(Users, haveNoSessionsWithoutNumber) {
+    Users users;
+    std::size_t taken = 0;
+    for (int i = 0; i < 100; ++i) {
+        ASSERT_TRUE(users.add(":1.1", ann));
+        taken += users.setSession(":1.1", std::to_string(i)) ? 1U : 0U;
+        users.setTap(":1.1", true);
+        users.vanish(":1.1", seconds{1});
+    }
+    EXPECT_LE(taken, Users::mostSessionsOfOne);
+    EXPECT_GT(taken, 2U);
+    users.passTime(seconds{31});
+    ASSERT_TRUE(users.add(":1.1", ann));
+    EXPECT_TRUE(users.setSession(":1.1", "101")) << "there is room again";
+}
+
 TEST(Users, allVanishWithTheBus) {
     Users users;
     ASSERT_TRUE(users.add(":1.1", ann));
