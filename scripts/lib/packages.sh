@@ -24,7 +24,7 @@ packages_to() {
         echo libxcb-damage0-dev libxml2-utils man-db openssl strace systemd tint2 xdg-utils xfce4-panel xfce4-terminal xz-utils
         ;;
     browse) # as the tests do that take long, and look at Wayland; Ubuntu has no browser among its packages
-        echo foot gnome-shell grim kwin-wayland qt6-wayland sway waybar
+        echo foot gnome-shell grim kwin-wayland qt6-wayland sway waybar xwayland
         [[ $(. /etc/os-release && echo "$ID") == ubuntu ]] || echo chromium
         ;;
     package) # it

@@ -26,7 +26,7 @@ Command onTheBus(const std::vector<std::string>& arguments) {
 
 } // namespace
 
-ServiceOnBus::ServiceOnBus()
+ServiceOnBus::ServiceOnBus(const std::string& user)
     : m_login{startMock("logind", login)}, m_authority{startMock("polkitd", authority)} {
     const bool isSetUp = call({login,
                                "/org/freedesktop/login1",
@@ -35,8 +35,8 @@ ServiceOnBus::ServiceOnBus()
                                "ssusb",
                                "test",
                                "seat0",
-                               "0",
-                               "root",
+                               user,
+                               "somebody",
                                "true"}) &&
                          call({authority,
                                "/org/freedesktop/PolicyKit1/Authority",

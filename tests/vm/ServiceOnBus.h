@@ -13,11 +13,12 @@
 namespace pallistrom::vm {
 
 /// The keyboard service as it is installed, on a system bus with a login manager and an authority
-/// that say what a test wants. The superuser has the active session and is granted what they ask
-/// for. Throws std::runtime_error if any of them does not come up.
+/// that say what a test wants. One person has the active session, and is granted what they ask for.
+/// Throws std::runtime_error if any of them does not come up.
 class ServiceOnBus {
 public:
-    ServiceOnBus();
+    /// `user` is whose session it is: by default the superuser's, as which tests run.
+    explicit ServiceOnBus(const std::string& user = "0");
 
     /// Starts a desktop program, which asks for the grant, switches the tap on with all shortcuts,
     /// and waits.

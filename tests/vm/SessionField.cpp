@@ -11,10 +11,23 @@ namespace {
 
 constexpr std::string_view statePrefix = "text ";
 
+Command fieldCommand(const WaylandSession& session,
+                     const std::string& program,
+                     SessionField::Display display) {
+    Command command = session.command({FIELD_FOLDER "/" + program});
+    if (display == SessionField::Display::X) {
+        command.environment["GDK_BACKEND"] = "x11";
+        command.environment.erase("WAYLAND_DISPLAY");
+    }
+    return command;
+}
+
 } // namespace
 
-SessionField::SessionField(const WaylandSession& session, const std::string& program)
-    : m_process{session.command({FIELD_FOLDER "/" + program})} {
+SessionField::SessionField(const WaylandSession& session,
+                           const std::string& program,
+                           Display display)
+    : m_process{fieldCommand(session, program, display)} {
     if (m_process.readLine(WaylandSession::patience()) != "ready") {
         throw std::runtime_error{"the text field does not get the keyboard"};
     }

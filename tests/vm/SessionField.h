@@ -6,7 +6,7 @@
 #include "TextState.h"
 #include "WaylandSession.h"
 
-#include <functional>
+#include <cstdint>
 #include <string>
 
 namespace pallistrom::vm {
@@ -15,8 +15,12 @@ namespace pallistrom::vm {
 /// made. Throws std::runtime_error if it does not come up.
 class SessionField {
 public:
+    enum class Display : std::uint8_t { Wayland, X };
+
     /// `program` is the name of a field program of the end-to-end tests.
-    SessionField(const WaylandSession& session, const std::string& program);
+    SessionField(const WaylandSession& session,
+                 const std::string& program,
+                 Display display = Display::Wayland);
 
     /// Replaces the text; the cursor is at its end.
     void set(const std::string& text);

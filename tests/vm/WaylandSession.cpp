@@ -22,6 +22,21 @@ namespace fs = std::filesystem;
 constexpr uid_t nobody = 65534;
 constexpr const char* seatSocket = "/run/seatd.sock";
 
+void giveAway(const fs::path& file) {
+    if (::chown(file.c_str(), nobody, nobody) != 0) {
+        throw std::runtime_error{"nobody is not given " + file.string()};
+    }
+}
+
+// As login managers do it. Without it, sway is gone once its X server asks for screens to borrow.
+void giveAwayTheScreen() {
+    for (const auto& device : fs::directory_iterator{"/dev/dri"}) {
+        if (device.is_character_file()) {
+            giveAway(device);
+        }
+    }
+}
+
 } // namespace
 
 WaylandSession::WaylandSession(XServer xServer) : m_seat{startSeat()}, m_sway{startSway(xServer)} {
@@ -40,6 +55,8 @@ WaylandSession::~WaylandSession() {
 }
 
 ChildProcess WaylandSession::startSeat() {
+    // One that was killed leaves it there, and nobody listens to it.
+    fs::remove(seatSocket);
     ChildProcess seat{{.arguments = {"seatd", "-u", "nobody"},
                        .environment = {{"PATH", Environment::value("PATH")}},
                        .errorFile = m_home.path() / "seat.log"}};
@@ -53,13 +70,12 @@ ChildProcess WaylandSession::startSway(XServer xServer) {
     const fs::path settings = m_home.path() / "sway.conf";
     std::ofstream{settings} << "xwayland " << (xServer == XServer::No ? "disable" : "enable")
                             << "\nexec echo \"$WAYLAND_DISPLAY $SWAYSOCK $DISPLAY\"\n";
-    const fs::path runtime = m_home.path() / "runtime";
+    const fs::path runtime = runtimeFolder();
     fs::create_directory(runtime);
     fs::permissions(runtime, fs::perms::owner_all);
     fs::permissions(m_home.path(), fs::perms::all);
-    if (::chown(runtime.c_str(), nobody, nobody) != 0) {
-        throw std::runtime_error{"a folder cannot be given away"};
-    }
+    giveAway(runtime);
+    giveAwayTheScreen();
     Command sway = command({"sway", "--config", settings});
     sway.environment["LIBSEAT_BACKEND"] = "seatd";
     sway.environment["WLR_RENDERER"] = "pixman";
@@ -68,11 +84,14 @@ ChildProcess WaylandSession::startSway(XServer xServer) {
     return ChildProcess{sway};
 }
 
+std::string WaylandSession::user() {
+    return std::to_string(nobody);
+}
+
 Command WaylandSession::command(const std::vector<std::string>& arguments) const {
-    const std::string user = std::to_string(nobody);
     Command result{.arguments = {"setpriv",
-                                 "--reuid=" + user,
-                                 "--regid=" + user,
+                                 "--reuid=" + user(),
+                                 "--regid=" + user(),
                                  std::string{"--clear-groups"}},
                    .environment = environment()};
     result.arguments.insert(result.arguments.end(), arguments.begin(), arguments.end());
@@ -80,7 +99,7 @@ Command WaylandSession::command(const std::vector<std::string>& arguments) const
 }
 
 std::map<std::string, std::string> WaylandSession::environment() const {
-    const fs::path runtime = m_home.path() / "runtime";
+    const fs::path runtime = runtimeFolder();
     std::map<std::string, std::string> environment{{"PATH", Environment::value("PATH")},
                                                    {"HOME", runtime},
                                                    {"XDG_RUNTIME_DIR", runtime},

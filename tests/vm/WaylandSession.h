@@ -25,8 +25,14 @@ public:
     WaylandSession& operator=(const WaylandSession&) = delete;
     ~WaylandSession();
 
+    /// Whose session it is, as the system numbers users.
+    static std::string user();
+
     /// Returns how to run a program in the session.
     [[nodiscard]] Command command(const std::vector<std::string>& arguments) const;
+
+    /// Where sway's sockets are.
+    [[nodiscard]] std::filesystem::path runtimeFolder() const { return m_home.path() / "runtime"; }
 
     /// What programs of the session are to be patient for: the machine is a slow one.
     static Deadline patience() { return Deadline{std::chrono::minutes{5}}; }

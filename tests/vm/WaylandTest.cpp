@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Pallistrom authors
 // SPDX-License-Identifier: MIT
 #include "Environment.h"
+#include "HardwareKeys.h"
 #include "KeyboardStage.h"
 #include "Seat.h"
 #include "ServiceOnBus.h"
@@ -18,9 +19,6 @@
 namespace pallistrom::vm {
 
 namespace {
-
-// The emulated machine's own keyboard, whose keys are pressed from outside.
-constexpr const char* hardwareKeyboard = "AT Translated Set 2 keyboard";
 
 // The service as it is installed, with a desktop program that wants it.
 class HardwareKeyboard : public testing::Test {
@@ -49,10 +47,7 @@ protected:
 
     // Returns what the session sees of what the hardware does, once it is so many keys.
     std::string shown(const std::string& command, std::size_t keys) {
-        m_seat.clear();
-        useHardware({command});
-        return KeyScript::print(keysOf(m_seat.waitFor(
-            [keys](const Seat::Events& seen) { return keysOf(seen).size() >= keys; }, Deadline{})));
+        return shownBy(m_seat, command, keys);
     }
 
     Seat& seat() { return m_seat; }
