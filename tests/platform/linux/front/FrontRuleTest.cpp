@@ -13,7 +13,7 @@ namespace pallistrom {
 
 namespace {
 
-/// Reports, one letter each: t a terminal, e an editor, b a terminal within an editor, n nobody, u
+/// Reports, one letter each: t a terminal, e an editor, w a terminal within an editor, n nobody, u
 /// unknown. What application() is at the end: t keeps its keys, e takes editing keys, u nothing.
 struct RuleCase {
     const char* name;
@@ -34,7 +34,7 @@ FrontReport reportOf(char letter) {
         return FrontReport::of({.instance = "", .name = "terminal"});
     case 'e':
         return FrontReport::of({.instance = "", .name = "editor"});
-    case 'b':
+    case 'w':
         return {.kind = FrontReport::Kind::Window,
                 .window = {.instance = "", .name = "editor"},
                 .isInTerminal = true};
@@ -80,10 +80,10 @@ constexpr RuleCase cases[] = {
     {"keepsATerminalWhenASourceComesBackToAGap", "tun", 't'},
     {"takesTheGapAfterAFailureForTheLastWindow", "eun", 'e'},
     {"knowsAnEditorThatFailedAgain", "tueu", 'u'},
-    {"knowsATerminalWithinAnEditor", "eb", 't'},
-    {"knowsWhenTheKeyboardLeavesIt", "be", 'e'},
-    {"keepsATerminalWithinAnEditorInAGap", "bn", 't'},
-    {"keepsATerminalWithinAnEditorWhenTheSourceFails", "bu", 't'},
+    {"knowsATerminalWithinAnEditor", "ew", 't'},
+    {"knowsWhenTheKeyboardLeavesIt", "we", 'e'},
+    {"keepsATerminalWithinAnEditorInAGap", "wn", 't'},
+    {"keepsATerminalWithinAnEditorWhenTheSourceFails", "wu", 't'},
 };
 
 INSTANTIATE_TEST_SUITE_P(, FrontRuleTable, testing::ValuesIn(cases), [](const auto& rule) {
