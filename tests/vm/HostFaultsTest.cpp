@@ -4,6 +4,7 @@
 #include "FilteredKeyboard.h"
 #include "KeyboardHost.h"
 #include "KeyboardStage.h"
+#include "LightsOf.h"
 #include "Typist.h"
 
 #include <gtest/gtest.h>
@@ -122,6 +123,32 @@ TEST(CombinedReceiver, sendsKeysAndMovementByTwoDevices) {
             }
         }
     }
+}
+
+TEST(Lights, areSwitchedByTheSessionAndByTheKeyboard) {
+    static_cast<void>(KeyboardStage::with(host));
+    FilteredKeyboard keyboard{
+        {.name = "Pallistrom lit keyboard", .extras = TestKeyboard::Extras::Lights}};
+    ASSERT_TRUE(keyboard.waitUntilFiltered());
+    const LightsOf physical{keyboard.keyboard().node()};
+    const auto nodes = keyboard.seat().nodes();
+    const auto other = std::find_if(nodes.begin(), nodes.end(), [&](const auto& node) {
+        return node != keyboard.keyboard().node();
+    });
+    ASSERT_NE(other, nodes.end());
+    const LightsOf shown{*other};
+
+    for (const bool isOn : {true, false, true}) {
+        shown.set(LED_CAPSL, isOn);
+        EXPECT_TRUE(waitUntil([&] { return physical.isLit(LED_CAPSL) == isOn; }))
+            << "by the session";
+    }
+    for (const bool isOn : {false, true}) {
+        keyboard.keyboard().sendEvent(EV_LED, LED_CAPSL, isOn ? 1 : 0);
+        EXPECT_TRUE(waitUntil([&] { return shown.isLit(LED_CAPSL) == isOn; })) << "by the keyboard";
+    }
+    EXPECT_FALSE(physical.isLit(LED_NUML));
+    EXPECT_FALSE(shown.isLit(LED_NUML));
 }
 
 // The kernel keeps only so much for a program that does not read.
