@@ -8,9 +8,10 @@
 #include <linux/input.h>
 #include <sys/ioctl.h>
 
-#include <array>
 #include <cerrno>
+#include <cstdint>
 #include <ctime>
+#include <limits>
 #include <utility>
 
 namespace pallistrom {
@@ -58,14 +59,13 @@ InputNode::InputNode(std::string path, OwnedDescriptor descriptor, Owned<libevde
     : m_path(std::move(path)), m_descriptor(std::move(descriptor)), m_device(std::move(device)) {}
 
 void InputNode::hear(const Types& types) const {
-    std::array<unsigned char, (EV_CNT + 7) / 8> bits{};
-    for (std::size_t type = 0; type < types.size(); ++type) {
-        bits.at(type / 8) |= static_cast<unsigned char>(types[type] ? 1U << (type % 8) : 0U);
-    }
+    // The kernel takes whole words alone.
+    static_assert(EV_CNT <= std::numeric_limits<std::uint64_t>::digits);
+    const std::uint64_t bits = types.to_ullong();
     input_mask mask{};
     mask.type = EV_SYN; // Stands for the types themselves.
-    mask.codes_size = bits.size();
-    mask.codes_ptr = reinterpret_cast<std::uintptr_t>(bits.data());
+    mask.codes_size = sizeof(bits);
+    mask.codes_ptr = reinterpret_cast<std::uintptr_t>(&bits);
     ::ioctl(m_descriptor.get(), EVIOCSMASK, &mask);
 }
 
