@@ -7,6 +7,7 @@
 #include "platform/linux/keyboardservice/ServiceAnswers.h"
 #include "platform/linux/keyboardservice/ServiceCalls.h"
 
+#include <chrono>
 #include <string_view>
 #include <utility>
 
@@ -55,6 +56,18 @@ void logChange(std::optional<Obstacle> before, std::optional<Obstacle> now) {
 }
 
 } // namespace
+
+BusKeyboardService::BusKeyboardService(std::string session)
+    : m_words([this](std::string_view error) { hearThatTapIsRefused(error); }),
+      m_session(std::move(session)) {
+    m_askAgain.setSingleShot(true);
+    m_askAgain.setInterval(ServiceWords::againAfter);
+    connect(&m_askAgain, &QTimer::timeout, this, [this] {
+        if (m_bus && m_bus->isReady() && !m_question) {
+            ask();
+        }
+    });
+}
 
 std::optional<Obstacle> BusKeyboardService::obstacle() {
     if (!m_bus || std::exchange(m_isLost, false)) {
@@ -114,7 +127,8 @@ void BusKeyboardService::busIsLost() {
 void BusKeyboardService::forgetQuestions() {
     m_owner.clear();
     m_question.reset();
-    m_tapCall.reset();
+    m_words.forget();
+    m_askAgain.stop();
     if (std::exchange(m_grantCall, nullptr)) {
         m_request = {};
     }
@@ -125,10 +139,17 @@ void BusKeyboardService::ask() {
         ServiceCalls::getVersion(*m_bus), handle<&BusKeyboardService::hearVersion>, this);
 }
 
+void BusKeyboardService::hearThatQuestionIsRefused(std::string_view error) {
+    if (ServiceAnswers::isTooMuch(error)) {
+        m_askAgain.start();
+    }
+    take(ServiceAnswers::obstacleOfError(error));
+}
+
 void BusKeyboardService::hearVersion(sd_bus_message* answer) {
     m_question.reset();
     if (const auto error = errorName(answer)) {
-        take(ServiceAnswers::obstacleOfError(*error));
+        hearThatQuestionIsRefused(*error);
         return;
     }
     std::uint32_t version = 0;
@@ -139,6 +160,9 @@ void BusKeyboardService::hearVersion(sd_bus_message* answer) {
         return;
     }
     m_owner = sd_bus_message_get_sender(answer);
+    if (!m_session.empty()) {
+        m_words.tellSession(*m_bus, m_session);
+    }
     m_question = m_bus->ask(
         ServiceCalls::make(*m_bus, "GetAccess"), handle<&BusKeyboardService::hearAccess>, this);
 }
@@ -146,7 +170,7 @@ void BusKeyboardService::hearVersion(sd_bus_message* answer) {
 void BusKeyboardService::hearAccess(sd_bus_message* answer) {
     m_question.reset();
     if (const auto error = errorName(answer)) {
-        take(ServiceAnswers::obstacleOfError(*error));
+        hearThatQuestionIsRefused(*error);
         return;
     }
     const auto access = readNumber(answer);
@@ -200,6 +224,7 @@ void BusKeyboardService::take(std::optional<Obstacle> obstacle) {
 }
 
 void BusKeyboardService::requestGrant() {
+    m_words.dropWithdrawal();
     m_wantsGrant = !m_request.isOpen;
     const Request before = m_request;
     considerRequest();
@@ -233,52 +258,51 @@ void BusKeyboardService::hearGrant(sd_bus_message* answer) {
 
 void BusKeyboardService::withdrawGrant() {
     if (m_bus) {
-        m_bus->send(ServiceCalls::make(*m_bus, "WithdrawGrant"));
+        m_words.tellWithdrawal(*m_bus);
     }
 }
 
 void BusKeyboardService::endPanic() {
     if (m_bus) {
-        m_bus->send(ServiceCalls::make(*m_bus, "EndPanic"));
+        m_words.tellEndOfPanic(*m_bus);
     }
 }
 
 void BusKeyboardService::setTap(bool on) {
-    m_tapCall.reset();
-    if (m_bus && on) {
-        m_tapCall = m_bus->ask(
-            ServiceCalls::setTap(*m_bus, true), handle<&BusKeyboardService::hearTap>, this);
-    } else if (m_bus) {
-        m_bus->send(ServiceCalls::setTap(*m_bus, false));
+    // A program that ends switches it off last, and does not come back here.
+    constexpr std::chrono::milliseconds longestGoodbye{100};
+    if (m_bus) {
+        m_words.tellTap(*m_bus, on);
+        if (!on) {
+            m_bus->flush(longestGoodbye);
+        }
     }
 }
 
-void BusKeyboardService::hearTap(sd_bus_message* answer) {
-    m_tapCall.reset();
-    const auto error = errorName(answer);
+void BusKeyboardService::hearThatTapIsRefused(std::string_view error) {
     // What it has signalled since says why.
-    if (!error || m_obstacle) {
+    if (m_obstacle) {
         return;
     }
-    NSLog("Pallistrom: the keyboard service refuses to filter: " + std::string(*error));
-    take(ServiceAnswers::obstacleOfError(*error));
+    NSLog("Pallistrom: the keyboard service refuses to filter: " + std::string(error));
+    take(ServiceAnswers::obstacleOfError(error));
 }
 
 void BusKeyboardService::setSwitches(std::uint32_t switches) {
     if (m_bus) {
-        m_bus->send(ServiceCalls::setSwitches(*m_bus, switches));
+        m_words.tellSwitches(*m_bus, switches);
     }
 }
 
 void BusKeyboardService::setModifiers(const ModifierTable& modifiers) {
     if (m_bus) {
-        m_bus->send(ServiceCalls::setModifiers(*m_bus, modifiers));
+        m_words.tellModifiers(*m_bus, modifiers);
     }
 }
 
 void BusKeyboardService::setFrontApplication(FrontApplication application) {
     if (m_bus) {
-        m_bus->send(ServiceCalls::setFrontApplication(*m_bus, application));
+        m_words.tellFrontApplication(*m_bus, application);
     }
 }
 

@@ -42,6 +42,10 @@ Obstacle obstacleOfError(std::string_view name) {
                : Obstacle::ServiceSilent;
 }
 
+bool isTooMuch(std::string_view errorName) {
+    return errorName == "org.freedesktop.DBus.Error.LimitsExceeded";
+}
+
 std::optional<GrantAnswer> grantAnswer(std::uint32_t answer) {
     switch (const auto value = static_cast<GrantAnswer>(answer)) {
     case GrantAnswer::Granted:

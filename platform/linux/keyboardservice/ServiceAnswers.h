@@ -19,6 +19,9 @@ namespace pallistrom::ServiceAnswers {
 /// the bus.
 [[nodiscard]] Obstacle obstacleOfError(std::string_view name);
 
+/// Returns whether an error says that too much was said: the same is to be said again later.
+[[nodiscard]] bool isTooMuch(std::string_view errorName);
+
 /// Returns nothing if there is no such answer.
 [[nodiscard]] std::optional<KeyboardInterface::GrantAnswer> grantAnswer(std::uint32_t answer);
 

@@ -32,6 +32,14 @@ BusMessage make(const SystemBus& bus, const char* member) {
     return call;
 }
 
+BusMessage setSession(const SystemBus& bus, const std::string& id) {
+    auto call = make(bus, "SetSession");
+    if (call) {
+        sd_bus_message_append_basic(call.get(), 's', id.c_str());
+    }
+    return call;
+}
+
 BusMessage setTap(const SystemBus& bus, bool on) {
     auto call = make(bus, "SetTap");
     if (call) {

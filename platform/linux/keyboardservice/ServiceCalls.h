@@ -7,6 +7,7 @@
 #include "platform/linux/keys/ModifierTable.h"
 
 #include <cstdint>
+#include <string>
 
 /// Each call of the service's interface, ready to be sent. Null if the bus cannot make one.
 namespace pallistrom::ServiceCalls {
@@ -17,6 +18,7 @@ namespace pallistrom::ServiceCalls {
 /// A call without arguments.
 [[nodiscard]] BusMessage make(const SystemBus& bus, const char* member);
 
+[[nodiscard]] BusMessage setSession(const SystemBus& bus, const std::string& id);
 [[nodiscard]] BusMessage setTap(const SystemBus& bus, bool on);
 [[nodiscard]] BusMessage setSwitches(const SystemBus& bus, std::uint32_t switches);
 [[nodiscard]] BusMessage setModifiers(const SystemBus& bus, const ModifierTable& modifiers);

@@ -66,14 +66,6 @@ BusMessage SystemBus::makeCall(const char* service,
     return BusMessage(made);
 }
 
-void SystemBus::send(BusMessage call) {
-    if (call) {
-        sd_bus_message_set_expect_reply(call.get(), 0);
-        sd_bus_send(m_bus.get(), call.get(), nullptr);
-        rearm();
-    }
-}
-
 BusSlot SystemBus::ask(BusMessage call, sd_bus_message_handler_t answered, void* userData) {
     sd_bus_slot* slot = nullptr;
     if (call) {
@@ -81,6 +73,17 @@ BusSlot SystemBus::ask(BusMessage call, sd_bus_message_handler_t answered, void*
         rearm();
     }
     return BusSlot(slot);
+}
+
+// A bus that does not read leaves messages in the library's hands, which would wait for it without
+// an end. Once the socket takes anything it has room for more than we ever say at once.
+bool SystemBus::flush(std::chrono::milliseconds atMost) {
+    if (!isReady() || (sd_bus_get_events(m_bus.get()) & POLLOUT) == 0) {
+        return true;
+    }
+    pollfd socket{.fd = sd_bus_get_fd(m_bus.get()), .events = POLLOUT, .revents = 0};
+    return poll(&socket, 1, static_cast<int>(atMost.count())) > 0 &&
+           (socket.revents & POLLOUT) != 0 && sd_bus_flush(m_bus.get()) >= 0;
 }
 
 BusSlot SystemBus::listen(const BusSignal& signal, sd_bus_message_handler_t heard, void* userData) {

@@ -8,6 +8,7 @@
 
 #include <systemd/sd-bus.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -59,12 +60,13 @@ public:
                                       const char* interface,
                                       const char* member) const;
 
-    /// Sends a call of which no answer is wanted. Nothing happens to a null one.
-    void send(BusMessage call);
-
     /// Sends a call. `answered` is called with the answer or with an error, however late. Null if
     /// it cannot be sent.
     [[nodiscard]] BusSlot ask(BusMessage call, sd_bus_message_handler_t answered, void* userData);
+
+    /// Waits until all that was sent has left this program, for at most as long as that. Returns
+    /// whether it has. For what is said last, before the program ends.
+    bool flush(std::chrono::milliseconds atMost);
 
     [[nodiscard]] BusSlot
     listen(const BusSignal& signal, sd_bus_message_handler_t heard, void* userData);

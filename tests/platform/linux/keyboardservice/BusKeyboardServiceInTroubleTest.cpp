@@ -7,9 +7,12 @@
 #include "platform/linux/keyboardservice/BusKeyboardService.h"
 
 #include <gmock/gmock.h>
+#include <poll.h>
 
+#include <chrono>
 #include <csignal>
 #include <string>
+#include <vector>
 
 namespace pallistrom {
 
@@ -93,6 +96,25 @@ TEST_F(BusKeyboardServiceInTroubleTest, closesARequestThatTheEndOfTheBusHasCutOf
     bus.end();
     EXPECT_TRUE(loop.runUntil([this] { return !client.request().isOpen; }));
     EXPECT_EQ(client.request().answer, std::nullopt);
+}
+
+// What was said last has to leave the program, but not at any price.
+TEST_F(BusKeyboardServiceInTroubleTest, waitsALittleForABusThatReadsNothing) {
+    SystemBus full;
+    ASSERT_TRUE(loop.runUntil([&] { return full.isReady(); }));
+    EXPECT_TRUE(full.flush(std::chrono::milliseconds(0))) << "nothing is left to send";
+    bus.signal(SIGSTOP);
+    std::vector<BusSlot> calls;
+    while ((sd_bus_get_events(full.get()) & POLLOUT) == 0) {
+        calls.push_back(full.ask(
+            full.makeCall("org.example", "/", "org.example", "Call"),
+            [](sd_bus_message* /*answer*/, void* /*none*/, sd_bus_error*) { return 0; },
+            nullptr));
+    }
+    EXPECT_FALSE(full.flush(std::chrono::milliseconds(20)));
+    bus.signal(SIGCONT);
+    EXPECT_TRUE(full.flush(std::chrono::seconds(20)));
+    EXPECT_EQ(sd_bus_get_events(full.get()) & POLLOUT, 0);
 }
 
 // --- A service that comes and goes.

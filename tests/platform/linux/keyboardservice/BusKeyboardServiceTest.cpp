@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <chrono>
+#include <cstdint>
 
 namespace pallistrom {
 
@@ -160,6 +162,51 @@ TEST_F(BusKeyboardServiceTest, passesOnWhatItIsTold) {
                             "SetTap false"));
 }
 
+TEST_F(BusKeyboardServiceTest, namesItsSessionBeforeItSaysAnything) {
+    startService();
+    BusKeyboardService named("c7");
+    ASSERT_TRUE(loop.runUntil([&] { return !named.obstacle(); }));
+    EXPECT_THAT(service->take(), ElementsAre("Get", "SetSession c7", "GetAccess"));
+    service.reset();
+    ASSERT_TRUE(loop.runUntil([&] { return named.obstacle() == Obstacle::ServiceSilent; }));
+    startService();
+    ASSERT_TRUE(loop.runUntil([&] { return !named.obstacle(); }));
+    EXPECT_THAT(service->take(), ElementsAre("Get", "SetSession c7", "GetAccess"));
+}
+
+TEST_F(BusKeyboardServiceTest, worksWithAServiceThatKnowsNoSessions) {
+    startService({.knowsSessions = false});
+    BusKeyboardService named("c7");
+    ASSERT_TRUE(loop.runUntil([&] { return !named.obstacle(); }));
+    service->take();
+    named.setTap(true);
+    ASSERT_TRUE(loop.runUntil([this] { return !service->asked().empty(); }));
+    EXPECT_THAT(service->take(), ElementsAre("SetTap true"));
+    EXPECT_EQ(named.obstacle(), std::nullopt);
+}
+
+TEST_F(BusKeyboardServiceTest, tellsWhoIsInFrontTenTimesASecondAtMost) {
+    startService();
+    ASSERT_TRUE(hearsUntil(std::nullopt));
+    service->take();
+    const auto begin = std::chrono::steady_clock::now();
+    std::size_t changes = 0;
+    while (service->asked().size() < 4) {
+        ASSERT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
+        client.setFrontApplication(++changes % 2 == 0 ? FrontApplication::KeepsItsKeys
+                                                      : FrontApplication::TakesEditingKeys);
+        loop.drain();
+    }
+    const auto passed = std::chrono::steady_clock::now() - begin;
+    const auto told = static_cast<std::int64_t>(service->asked().size());
+    EXPECT_LE(told, passed / ServiceWords::betweenFronts + 1);
+
+    client.setFrontApplication(FrontApplication::EditsBySelection);
+    EXPECT_TRUE(loop.runUntil([this] {
+        return service->asked().back() == "SetFrontApplication 2";
+    })) << "the last one is told in any case";
+}
+
 TEST_F(BusKeyboardServiceTest, tellsNoMoreModifiersThanTheServiceTakes) {
     startService();
     ASSERT_TRUE(hearsUntil(std::nullopt));
@@ -180,6 +227,52 @@ TEST_F(BusKeyboardServiceTest, believesNoServiceThatRefusesTheTap) {
     ASSERT_TRUE(hearsUntil(std::nullopt));
     client.setTap(true);
     EXPECT_TRUE(hearsUntil(Obstacle::ServiceSilent));
+}
+
+TEST_F(BusKeyboardServiceTest, saysAgainWhatWasTooMuch) {
+    startService();
+    ASSERT_TRUE(hearsUntil(std::nullopt));
+    service->take();
+    service->answers.refusals = 4;
+    client.setSwitches(9);
+    client.setModifiers(ModifierTable::standard());
+    client.setFrontApplication(FrontApplication::KeepsItsKeys);
+    client.setTap(true);
+    ASSERT_TRUE(loop.runUntil([this] { return service->asked().size() == 8; }));
+    const auto asked = service->take();
+    EXPECT_TRUE(std::equal(asked.begin(), asked.begin() + 4, asked.begin() + 4));
+    EXPECT_EQ(client.obstacle(), std::nullopt);
+    EXPECT_THAT(heard, testing::SizeIs(2)) << "only the beginning";
+}
+
+TEST_F(BusKeyboardServiceTest, saysAgainOnlyWhatCountsByThen) {
+    startService();
+    ASSERT_TRUE(hearsUntil(std::nullopt));
+    service->take();
+    service->answers.refusals = 1;
+    client.setSwitches(9);
+    ASSERT_TRUE(loop.runUntil([this] { return service->answers.refusals == 0; }));
+    client.setSwitches(3);
+    client.setTap(true);
+    ASSERT_TRUE(loop.runUntil([this] { return service->asked().size() == 3; }));
+    settle();
+    EXPECT_THAT(service->take(), ElementsAre("SetFrontApplication 2"));
+}
+
+TEST_F(BusKeyboardServiceTest, withdrawsTheGrantHoweverMuchWasSaid) {
+    startService();
+    ASSERT_TRUE(hearsUntil(std::nullopt));
+    service->take();
+    service->answers.refusals = 1;
+    client.withdrawGrant();
+    ASSERT_TRUE(loop.runUntil([this] { return service->asked().size() == 2; }));
+    EXPECT_THAT(service->take(), ElementsAre("WithdrawGrant", "WithdrawGrant"));
+}
+
+TEST_F(BusKeyboardServiceTest, asksAgainIfTheQuestionWasTooMuch) {
+    startService({.refusals = 1});
+    ASSERT_TRUE(hearsUntil(std::nullopt));
+    EXPECT_THAT(service->take(), ElementsAre("Get", "Get", "GetAccess"));
 }
 
 TEST_F(BusKeyboardServiceTest, keepsTheReasonThatTheServiceGaveForRefusingTheTap) {

@@ -83,11 +83,18 @@ void FakeBusService::note(std::string entry) {
 void FakeBusService::handle(sd_bus_message* message) {
     const std::string member = sd_bus_message_get_member(message);
     note(member + argumentsOf(message));
+    if (answers.refusals > 0) {
+        --answers.refusals;
+        sd_bus_reply_method_errorf(message, "org.freedesktop.DBus.Error.LimitsExceeded", "no");
+        return;
+    }
     if (answers.hangs || handleQuestion(message, member)) {
         return;
     }
     if (member == "SetTap" && answers.refusesTap) {
         sd_bus_reply_method_errorf(message, "org.freedesktop.DBus.Error.AccessDenied", "no");
+    } else if (member == "SetSession" && !answers.knowsSessions) {
+        sd_bus_reply_method_errorf(message, "org.freedesktop.DBus.Error.UnknownMethod", "what?");
     } else {
         sd_bus_reply_method_return(message, nullptr);
     }
@@ -146,6 +153,7 @@ std::string FakeBusService::argumentsOf(sd_bus_message* message) {
     std::uint8_t byte = 0;
     int truth = 0;
     std::uint16_t code = 0;
+    const char* word = nullptr;
     std::string text;
     if (signature == "b" && sd_bus_message_read(message, "b", &truth) > 0) {
         text = truth != 0 ? " true" : " false";
@@ -153,6 +161,8 @@ std::string FakeBusService::argumentsOf(sd_bus_message* message) {
         text = " " + std::to_string(number);
     } else if (signature == "y" && sd_bus_message_read(message, "y", &byte) > 0) {
         text = " " + std::to_string(byte);
+    } else if (signature == "s" && sd_bus_message_read(message, "s", &word) > 0) {
+        text = std::string(" ") + word;
     } else if (signature == "a(qy)" && sd_bus_message_enter_container(message, 'a', "(qy)") > 0) {
         while (sd_bus_message_read(message, "(qy)", &code, &byte) > 0) {
             text += " " + std::to_string(code) + ":" + std::to_string(byte);

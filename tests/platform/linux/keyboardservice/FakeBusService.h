@@ -23,6 +23,8 @@ public:
         std::uint32_t grant = 0;
         const char* type = "u"; ///< of the numbers that it answers with: "u", or "s" for a lie
         bool refusesTap = false;
+        bool knowsSessions = true;
+        int refusals = 0;            ///< how many calls are too much, from now on
         bool hangs = false;          ///< answers nothing
         bool keepsGrantOpen = false; ///< until closeGrant()
     };
