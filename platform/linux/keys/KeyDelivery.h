@@ -132,6 +132,20 @@ struct Replacement {
 // A modifier that no key does is left out
 //     table:ctrl=none,rctrl=none +x>ctrl+left -x ->  +left -left
 //
+// --- Keys that are modifiers in this session only: they may be down and go up, and nobody presses them
+// A modifier of any key will do
+//     table:enter=control +enter +w=ctrl+bs -w -enter ->  +enter +bs -bs -enter
+// A missing modifier is never pressed as any key
+//     table:enter=control +x>ctrl+left -x      ->  +ctrl . +left -left . -ctrl .
+// It is left out rather than that
+//     table:ctrl=none,rctrl=none,enter=control +x>ctrl+left -x ->  +left -left
+// A modifier that was lifted stays up until it is pressed again
+//     table:enter=control +enter +x>end -x +a -a -enter +enter -enter
+//         ->  +enter . -enter . +end -end +a -a +enter -enter
+// What comes after it was lifted gets another key
+//     table:enter=control +enter +x>end,ctrl+left -x -enter
+//         ->  +enter . -enter . +end -end . +ctrl . +left -left . -ctrl .
+//
 // --- Alt and Super, which open something when they are tapped alone
 // Alt that is tapped alone is shown as that
 //     +alt -alt                                ->  +alt -alt
@@ -173,8 +187,8 @@ struct Replacement {
 ///
 /// Promises, whatever is decided about whatever key: no key goes down twice; while no key is
 /// physically down none is down in the output; outside a chord the modifiers of the output are
-/// those physically held. Pauses are asked for, never taken. Nothing is allocated once the list of
-/// steps has its size.
+/// those physically held, but for keys that are none elsewhere and had to go up. Pauses are asked
+/// for, never taken. Nothing is allocated once the list of steps has its size.
 class KeyDelivery {
 public:
     enum class Rewritten : std::uint8_t {

@@ -14,6 +14,11 @@ constexpr std::array selectors{Modifier::Shift, Modifier::Level3};
 constexpr std::array allThatMatter{
     Modifier::Shift, Modifier::Control, Modifier::Option, Modifier::Command, Modifier::Level3};
 
+// Those of `keys` that are down or can be brought to be.
+KeySet possible(const KeySet& keys, const OutputKeys& output) {
+    return keys & (output.down() | ModifierTable::pressable());
+}
+
 } // namespace
 
 KeySet keysFor(CGEventFlags flags, const ModifierState& physical, const OutputKeys& output) {
@@ -24,7 +29,7 @@ KeySet keysFor(CGEventFlags flags, const ModifierState& physical, const OutputKe
             continue;
         }
         const KeySet down = table.keysOf(output.down(), {&modifier, 1});
-        const KeySet held = table.keysOf(physical.held(), {&modifier, 1});
+        const KeySet held = table.keysOf(possible(physical.held(), output), {&modifier, 1});
         if (down.any()) {
             wanted |= down;
         } else if (held.any()) {
@@ -37,17 +42,19 @@ KeySet keysFor(CGEventFlags flags, const ModifierState& physical, const OutputKe
 }
 
 bool isNeeded(const KeySet& wanted, const ModifierTable& table, const OutputKeys& output) {
-    return table.keysOf(wanted ^ output.down(), allThatMatter).any();
+    return table.keysOf(possible(wanted, output) ^ output.down(), allThatMatter).any();
 }
 
-void apply(const KeySet& wanted, const ModifierTable& table, OutputKeys& output) {
+void apply(const KeySet& target, const ModifierTable& table, OutputKeys& output) {
+    const KeySet wanted = possible(target, output);
     using Modifiers = std::span<const Modifier>;
     const auto release = [&](Modifiers modifiers) {
         forEachKey(table.keysOf(output.down() & ~wanted, modifiers),
                    [&](EvdevCode key) { output.release(key); });
     };
     const auto press = [&](Modifiers modifiers) {
-        forEachKey(table.keysOf(wanted & ~output.down(), modifiers),
+        // Once more, as one that was down may have gone up since.
+        forEachKey(table.keysOf(possible(wanted, output) & ~output.down(), modifiers),
                    [&](EvdevCode key) { output.press(key); });
     };
 

@@ -20,11 +20,12 @@ keysFor(CGEventFlags flags, const ModifierState& physical, const OutputKeys& out
 [[nodiscard]] bool
 isNeeded(const KeySet& wanted, const ModifierTable& table, const OutputKeys& output);
 
-/// Makes exactly those of `wanted` that are modifier keys down in `output`.
+/// Makes exactly those of `target` that are modifier keys down in `output`, but for keys that are
+/// up and must not be pressed.
 ///
 /// Option (Alt) and command (Super) change only while a control is down, since a tap of one of them
 /// alone opens menus and overviews. Control and shift, which together switch layouts, come together
 /// only if both are wanted.
-void apply(const KeySet& wanted, const ModifierTable& table, OutputKeys& output);
+void apply(const KeySet& target, const ModifierTable& table, OutputKeys& output);
 
 } // namespace pallistrom::ModifierChange

@@ -52,8 +52,27 @@ Modifier ModifierTable::modifierOf(EvdevCode code) const {
     return code <= highestCode ? m_modifiers.at(code) : Modifier::None;
 }
 
+const KeySet& ModifierTable::pressable() {
+    static const KeySet keys = [] {
+        KeySet made;
+        for (const EvdevCode key : std::to_array<EvdevCode>({KEY_LEFTSHIFT,
+                                                             KEY_RIGHTSHIFT,
+                                                             KEY_LEFTCTRL,
+                                                             KEY_RIGHTCTRL,
+                                                             KEY_LEFTALT,
+                                                             KEY_RIGHTALT,
+                                                             KEY_LEFTMETA,
+                                                             KEY_RIGHTMETA,
+                                                             KEY_CAPSLOCK})) {
+            made.set(key);
+        }
+        return made;
+    }();
+    return keys;
+}
+
 std::optional<EvdevCode> ModifierTable::keyFor(Modifier modifier) const {
-    const KeySet& keys = m_keys.at(placeOf(modifier));
+    const KeySet keys = m_keys.at(placeOf(modifier)) & pressable();
     const std::size_t first = keys._Find_first();
     return first < keys.size() ? std::optional(static_cast<EvdevCode>(first)) : std::nullopt;
 }

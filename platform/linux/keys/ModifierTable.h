@@ -30,7 +30,12 @@ public:
 
     [[nodiscard]] Modifier modifierOf(EvdevCode code) const;
 
-    /// Returns a key that does `modifier`, the lowest code if there are several.
+    /// Returns the keys that are modifiers on every keyboard, and Caps Lock. No other is ever
+    /// pressed in place of somebody's fingers, whatever the session says that it does: where the
+    /// session is wrong, Enter or a letter would be typed.
+    [[nodiscard]] static const KeySet& pressable();
+
+    /// Returns a key that does `modifier` and may be pressed, the lowest code if there are several.
     [[nodiscard]] std::optional<EvdevCode> keyFor(Modifier modifier) const;
 
     /// Returns those of `keys` that do one of `modifiers`.

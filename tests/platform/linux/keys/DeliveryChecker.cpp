@@ -95,6 +95,9 @@ private:
     }
 
     BrokenPromise pressModifier(EvdevCode key, const KeySet& before) {
+        if (m_modifiers.foreign()[key]) {
+            return "a key is pressed that is no modifier elsewhere";
+        }
         if (const BrokenPromise broken = changeModifier(key)) {
             return broken;
         }
@@ -159,7 +162,9 @@ private:
 
     // --- What is down.
 
-    [[nodiscard]] bool canHaveControl() const { return m_modifiers.of(Modifier::Control).any(); }
+    [[nodiscard]] bool canHaveControl() const {
+        return (m_modifiers.of(Modifier::Control) & ~m_modifiers.foreign()).any();
+    }
 
     [[nodiscard]] bool hasControl(const KeySet& keys) const {
         return m_modifiers.areDown(keys, Modifier::Control);
@@ -179,13 +184,16 @@ private:
     }
 
     [[nodiscard]] bool hasModifiersOf(const LinuxChord& chord) const {
-        return m_modifiers.flags(m_now.shown) == m_modifiers.possible(chord.modifiers) &&
+        return m_modifiers.flags(m_now.shown) ==
+                   m_modifiers.possible(chord.modifiers, m_now.shown) &&
                !m_modifiers.areDown(m_now.shown, Modifier::Level3);
     }
 
     [[nodiscard]] BrokenPromise rest() const {
         KeySet mayBeDown = m_expected.held;
-        KeySet compared = m_modifiers.all() & ~m_now.strangers;
+        // What had to go up and must not be pressed stays up.
+        KeySet compared =
+            m_modifiers.all() & ~m_now.strangers & ~(m_modifiers.foreign() & ~m_now.shown);
         if (m_expected.chord) {
             mayBeDown |= m_modifiers.all();
             mayBeDown.set(m_expected.chord->chord.key);

@@ -37,6 +37,7 @@ constexpr auto otherKeys = std::to_array<EvdevCode>({KEY_W,
                                                      KEY_END,
                                                      KEY_LEFT,
                                                      KEY_TAB,
+                                                     KEY_ENTER,
                                                      KEY_F4});
 
 constexpr std::array modifiers{Modifier::None,
@@ -57,7 +58,10 @@ const std::vector<DeliveryInput>& usualTables() {
                               "table:ctrl=option,alt=control "
                               "table:alt=command,super=option "
                               "table:caps=level3,ralt=level3 "
-                              "table:caps=none,rsuper=none");
+                              "table:caps=none,rsuper=none "
+                              "table:enter=control,d=level3 "
+                              "table:d=option,ctrl=none,rctrl=none,enter=control "
+                              "table:d=shift,enter=command,shift=none,rshift=none");
     return tables;
 }
 

@@ -19,7 +19,11 @@ ModifierSets::ModifierSets(const ModifierTable& table) {
             m_all.set(key);
         }
     }
-    m_possible = flags(m_all);
+    const ModifierTable printed = ModifierTable::standard();
+    for (EvdevCode key = 0; key <= ModifierTable::highestCode; ++key) {
+        m_foreign[key] = m_all[key] && printed.modifierOf(key) == Modifier::None;
+    }
+    m_possible = flags(m_all & ~m_foreign);
 }
 
 CGEventFlags ModifierSets::flags(const KeySet& keys) const {

@@ -36,12 +36,20 @@ public:
     /// Returns the flags of shift, control, option and command that `keys` make.
     [[nodiscard]] CGEventFlags flags(const KeySet& keys) const;
 
-    /// Returns those flags of a chord for which the session has a key.
-    [[nodiscard]] CGEventFlags possible(CGEventFlags flags) const { return flags & m_possible; }
+    /// Returns the keys that are some modifier in this session and none on a keyboard: nobody may
+    /// press them but their owner.
+    [[nodiscard]] const KeySet& foreign() const { return m_foreign; }
+
+    /// Returns those flags of a chord for which the session has a key that may be pressed, or that
+    /// is one of `shown` already.
+    [[nodiscard]] CGEventFlags possible(CGEventFlags wanted, const KeySet& shown) const {
+        return wanted & (m_possible | flags(shown));
+    }
 
 private:
     std::array<KeySet, static_cast<std::size_t>(Modifier::Level3) + 1> m_keys;
     KeySet m_all;
+    KeySet m_foreign;
     CGEventFlags m_possible = 0;
 };
 

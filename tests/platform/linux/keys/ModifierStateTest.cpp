@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
 
+#include <array>
+#include <optional>
+
 namespace pallistrom {
 
 namespace {
@@ -58,6 +61,36 @@ TEST(ModifierTable, findsTheLowestKeyThatDoesAModifier) {
     table.set(KEY_LEFTCTRL, Modifier::None);
     EXPECT_EQ(table.keyFor(Modifier::Control), KEY_RIGHTCTRL);
     EXPECT_FALSE(table.keyFor(Modifier::Level3));
+}
+
+TEST(ModifierTable, hasAllPrintedModifiersAndNoOtherKeyPressed) {
+    KeySet printed;
+    for (EvdevCode code = 0; code <= ModifierTable::highestCode; ++code) {
+        printed[code] = ModifierTable::standard().modifierOf(code) != Modifier::None;
+    }
+    EXPECT_EQ(ModifierTable::pressable(), printed);
+}
+
+TEST(ModifierTable, findsNoKeyThatIsAModifierInThisSessionOnly) {
+    ModifierTable table;
+    for (EvdevCode code = 0; code <= ModifierTable::highestCode; ++code) {
+        table.set(code, Modifier::Control);
+    }
+    for (const EvdevCode code : std::to_array<EvdevCode>({KEY_LEFTCTRL,
+                                                          KEY_LEFTSHIFT,
+                                                          KEY_RIGHTSHIFT,
+                                                          KEY_LEFTALT,
+                                                          KEY_CAPSLOCK,
+                                                          KEY_RIGHTCTRL,
+                                                          KEY_RIGHTALT,
+                                                          KEY_LEFTMETA,
+                                                          KEY_RIGHTMETA})) {
+        EXPECT_EQ(table.keyFor(Modifier::Control), code);
+        table.set(code, Modifier::None);
+    }
+    EXPECT_EQ(table.modifierOf(KEY_ENTER), Modifier::Control);
+    EXPECT_EQ(table.keyFor(Modifier::Control), std::nullopt);
+    EXPECT_EQ(table.withSpareKeysFor(kCGEventFlagMaskControl, {}), table);
 }
 
 TEST(ModifierTable, hasSpareKeysForModifiersThatAreHeld) {
