@@ -66,6 +66,14 @@ BusMessage SystemBus::makeCall(const char* service,
     return BusMessage(made);
 }
 
+void SystemBus::send(BusMessage call) {
+    if (call) {
+        sd_bus_message_set_expect_reply(call.get(), 0);
+        sd_bus_send(m_bus.get(), call.get(), nullptr);
+        rearm();
+    }
+}
+
 BusSlot SystemBus::ask(BusMessage call, sd_bus_message_handler_t answered, void* userData) {
     sd_bus_slot* slot = nullptr;
     if (call) {

@@ -60,6 +60,9 @@ public:
                                       const char* interface,
                                       const char* member) const;
 
+    /// Sends a call of which no answer is wanted. Nothing happens to a null one.
+    void send(BusMessage call);
+
     /// Sends a call. `answered` is called with the answer or with an error, however late. Null if
     /// it cannot be sent.
     [[nodiscard]] BusSlot ask(BusMessage call, sd_bus_message_handler_t answered, void* userData);
