@@ -269,8 +269,7 @@ TEST_F(ServiceFiltering, endsWithTheGrant) {
     EXPECT_FALSE(keys.isAllowed);
     ASSERT_TRUE(loop.runUntil([&] { return !client.news().empty(); }));
     EXPECT_THAT(client.news(), ElementsAre(1U));
-    EXPECT_TRUE(
-        loop.runUntil([&] { return !std::filesystem::exists(folder.path() / "grants"); }));
+    EXPECT_TRUE(loop.runUntil([&] { return !std::filesystem::exists(folder.path() / "grants"); }));
 }
 
 TEST_F(ServiceFiltering, endsInPanicUntilTheUserTakesThatBack) {
