@@ -85,8 +85,8 @@ void FrontNews::take(sd_bus_message* message) {
         sd_bus_message_read(message, "y", &kind) <= 0) {
         return;
     }
-    // Nobody answers that call, but the service takes calls in their order: what comes after it is
-    // answered by somebody who goes by it already.
+    // The service takes calls in their order: what comes after this one is answered by somebody who
+    // goes by it already.
     sd_bus_call_method(m_questions.get(),
                        Names::keyboardBusName.data(),
                        Names::keyboardObject.data(),

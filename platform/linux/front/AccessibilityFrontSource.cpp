@@ -33,7 +33,7 @@ bool isAnswer(sd_bus_message* answer) {
 }
 
 // Programs send only what somebody has registered for.
-void registerFor(SystemBus& bus, const char* event) {
+BusSlot registerFor(SystemBus& bus, const char* event) {
     BusMessage call = bus.makeCall("org.a11y.atspi.Registry",
                                    "/org/a11y/atspi/registry",
                                    "org.a11y.atspi.Registry",
@@ -41,7 +41,10 @@ void registerFor(SystemBus& bus, const char* event) {
     if (call) {
         sd_bus_message_append(call.get(), "s", event);
     }
-    bus.send(std::move(call));
+    return bus.ask(
+        std::move(call),
+        [](sd_bus_message* /*answer*/, void* /*self*/, sd_bus_error* /*error*/) { return 0; },
+        nullptr);
 }
 
 std::string programOf(std::uint32_t process) {
@@ -84,6 +87,7 @@ void AccessibilityFrontSource::end() {
     m_nameQuestion.reset();
     m_roleQuestion.reset();
     m_endMatch.reset();
+    m_registrations = {};
     m_matches = {};
     if (m_bus) {
         // It may be the one that is speaking.
@@ -103,10 +107,9 @@ void AccessibilityFrontSource::busIsReady() {
         m_bus->listen({.interface = objectEvent, .member = "StateChanged", .argument = "focused"},
                       handle<&AccessibilityFrontSource::hearFocus>,
                       this)};
-    for (const char* const event :
-         {"window:activate", "window:deactivate", "object:state-changed:focused"}) {
-        registerFor(*m_bus, event);
-    }
+    m_registrations = {registerFor(*m_bus, "window:activate"),
+                       registerFor(*m_bus, "window:deactivate"),
+                       registerFor(*m_bus, "object:state-changed:focused")};
 }
 
 void AccessibilityFrontSource::hearActivate(sd_bus_message* signal) {

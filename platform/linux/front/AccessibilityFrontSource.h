@@ -54,6 +54,7 @@ private:
     std::string m_program; ///< the one in front, by the name of its connection
     std::optional<AccessibilityStatus> m_status; ///< while it is wanted
     std::unique_ptr<SystemBus> m_bus;            ///< of accessibility, while that is on
+    std::array<BusSlot, 3> m_registrations;      ///< what came of them is not looked at
     std::array<BusSlot, 3> m_matches;
     BusSlot m_endMatch;     ///< of the program in front
     BusSlot m_nameQuestion; ///< or that of its process
