@@ -3,6 +3,7 @@
 #include "service/CallDesk.h"
 
 #include "service/clients/AccessRule.h"
+#include "service/clients/Standing.h"
 
 #include <memory>
 #include <type_traits>
@@ -41,8 +42,19 @@ std::string_view describe(Access access) {
 
 } // namespace
 
-bool CallDesk::arrive(const std::string& caller, UserId user) {
-    if (m_state.users.add(caller, user)) {
+bool CallDesk::arrive(BusSide& side, const std::string& caller, UserId user, Moment now) {
+    Users& users = m_state.users;
+    if (users.add(caller, user)) {
+        return true;
+    }
+    const auto other = users.whoMakesRoomFor(user, [this](UserId one) {
+        return standingOf(one, m_state.grants.grantOf(one), m_state.login);
+    });
+    if (other) {
+        vanish(side, *other, now);
+        side.dropCaller(*other);
+    }
+    if (other && users.add(caller, user)) {
         return true;
     }
     m_log.say(user, UserLog::About::Connections, "has too many connections; one was refused");

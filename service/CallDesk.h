@@ -20,8 +20,9 @@ public:
     /// `state` and `keys` outlive this. `granted` is called when a person has said yes.
     CallDesk(ServiceState& state, const KeyControl& keys) : m_state{state}, m_keys{keys} {}
 
-    /// Returns false if there are too many already.
-    [[nodiscard]] bool arrive(const std::string& caller, UserId user);
+    /// Returns false if there are too many already. If there are, whoever matters less than `user`
+    /// has to go.
+    [[nodiscard]] bool arrive(BusSide& side, const std::string& caller, UserId user, Moment now);
 
     /// `side` is where the call came from. `changed` is called for what cannot wait until this
     /// returns, and for what comes afterwards: before a caller is told that its grant is gone, and

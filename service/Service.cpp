@@ -39,7 +39,7 @@ void Service::connect() {
 
 BusSide::Receiver Service::receiver() {
     return {.arrived = [this](const std::string& caller,
-                              UserId user) { return m_desk.arrive(caller, user); },
+                              UserId user) { return m_desk.arrive(*m_side, caller, user, now()); },
             .called =
                 [this](const std::string& caller, PendingCall call) {
                     m_desk.carryOut(*m_side, caller, std::move(call), [this] { update(); });

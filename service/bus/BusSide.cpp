@@ -3,11 +3,18 @@
 #include "service/bus/BusSide.h"
 
 #include "pallistrom/Names.h"
+#include "service/bus/openSystemBus.h"
 
-#include <cstdlib>
 #include <utility>
 
 namespace pallistrom {
+
+namespace {
+
+/// A lock screen goes before whatever programs want, and still after every device.
+constexpr int aheadOfCallers = 10;
+
+} // namespace
 
 BusSide::BusSide(sd_event* loop, int priority, Receiver receiver)
     : m_loop{loop}, m_priority{priority}, m_receiver{std::move(receiver)} {}
@@ -15,33 +22,28 @@ BusSide::BusSide(sd_event* loop, int priority, Receiver receiver)
 BusSide::~BusSide() = default;
 
 int BusSide::open() {
-    const int result = connect();
-    return result < 0 ? result : serve();
-}
-
-// Says hello without waiting for the answer.
-int BusSide::connect() {
-    const char* const address = secure_getenv("DBUS_SYSTEM_BUS_ADDRESS");
-    int result = into(m_bus, [](sd_bus** bus) { return sd_bus_new(bus); });
-    if (result >= 0) {
-        result = sd_bus_set_address(
-            m_bus.get(), address != nullptr ? address : "unix:path=/run/dbus/system_bus_socket");
+    const auto lost = [this] {
+        m_receiver.lost("the connection to the system bus is over");
+    };
+    m_system =
+        std::make_unique<SystemSide>(m_loop,
+                                     m_priority - aheadOfCallers,
+                                     SystemSide::Receiver{.loginChanged =
+                                                              [this](const LoginState& login) {
+                                                                  m_receiver.loginChanged(login);
+                                                                  takeName();
+                                                              },
+                                                          .lost = lost});
+    const int result = openSystemBus(m_bus);
+    if (result < 0) {
+        return result;
     }
-    if (result >= 0) {
-        result = sd_bus_set_bus_client(m_bus.get(), 1);
-    }
-    if (result >= 0) {
-        // The interface has no files in it, so nobody shall send us any.
-        result = sd_bus_negotiate_fds(m_bus.get(), 0);
-    }
-    return result < 0 ? result : sd_bus_start(m_bus.get());
+    m_guard = std::make_unique<BusGuard>(m_loop, m_bus.get(), m_priority, lost);
+    const int served = serve();
+    return served < 0 ? served : m_system->open();
 }
 
 int BusSide::serve() {
-    m_guard = std::make_unique<BusGuard>(m_loop, m_bus.get(), m_priority, [this] {
-        m_receiver.lost("the connection to the system bus is over");
-    });
-    m_authority = std::make_unique<Authority>(m_bus.get());
     m_callers = std::make_unique<Callers>(m_bus.get(),
                                           Callers::Receiver{.arrived = m_receiver.arrived,
                                                             .called = m_receiver.called,
@@ -50,15 +52,8 @@ int BusSide::serve() {
         std::make_unique<KeyboardObject>([this](const std::string& caller, PendingCall call) {
             m_callers->take(caller, std::move(call));
         });
-    m_login = std::make_unique<LoginWatch>(m_bus.get(), [this](const LoginState& login) {
-        m_receiver.loginChanged(login);
-        takeName();
-    });
-    int result = m_guard->start();
-    if (result >= 0) {
-        result = m_object->publish(m_bus.get());
-    }
-    return result < 0 ? result : m_login->start();
+    const int result = m_guard->start();
+    return result < 0 ? result : m_object->publish(m_bus.get());
 }
 
 void BusSide::takeName() {

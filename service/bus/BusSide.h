@@ -6,8 +6,7 @@
 #include "service/bus/Callers.h"
 #include "service/bus/Handles.h"
 #include "service/bus/KeyboardObject.h"
-#include "service/polkit/Authority.h"
-#include "service/session/LoginWatch.h"
+#include "service/bus/SystemSide.h"
 
 #include <functional>
 #include <memory>
@@ -16,9 +15,9 @@
 
 namespace pallistrom {
 
-/// One connection to the system bus, from its opening to its end, and all that the service does on
-/// it. The service's name is taken once it is known who is logged in, so no caller is answered
-/// before.
+/// What the service does on the system bus, from the opening of its connections to their end: there
+/// is one to its callers and another to the system itself, and neither is kept without the other.
+/// The service's name is taken once it is known who is logged in, so no caller is answered before.
 class BusSide {
 public:
     /// Nobody but the owner may destroy a BusSide, and not while one of these is called.
@@ -28,7 +27,7 @@ public:
         std::function<void(const std::string& caller)> vanished;
         std::function<void(const LoginState& login)> loginChanged;
         std::function<void()> ready; ///< the name is ours
-        /// The connection is over, or of no use.
+        /// A connection is over, or of no use.
         std::function<void(std::string_view why)> lost;
     };
 
@@ -45,10 +44,12 @@ public:
     /// Tells one caller that its access has changed.
     void tellAccess(const std::string& caller, KeyboardInterface::Access access) const;
 
-    [[nodiscard]] Authority& authority() const { return *m_authority; }
+    /// Forgets a caller, without a word to anybody. If it calls again it is a new one.
+    void dropCaller(const std::string& caller) { m_callers->drop(caller); }
+
+    [[nodiscard]] Authority& authority() const { return m_system->authority(); }
 
 private:
-    [[nodiscard]] int connect();
     [[nodiscard]] int serve();
     void takeName();
     static int nameTaken(sd_bus_message* answer, void* side, sd_bus_error* error);
@@ -58,10 +59,9 @@ private:
     Receiver m_receiver;
     OwnedBus m_bus; // Before whatever has slots on it.
     std::unique_ptr<BusGuard> m_guard;
-    std::unique_ptr<Authority> m_authority;
     std::unique_ptr<Callers> m_callers;
     std::unique_ptr<KeyboardObject> m_object;
-    std::unique_ptr<LoginWatch> m_login;
+    std::unique_ptr<SystemSide> m_system;
     OwnedSlot m_nameQuestion;
 };
 

@@ -52,6 +52,10 @@ public:
     /// Passes a call to the receiver, in the order in which the caller made them.
     void take(const std::string& caller, PendingCall call);
 
+    /// Forgets a caller whom the receiver has let in, and does not tell the receiver. If it calls
+    /// again it is a new one.
+    void drop(const std::string& caller) { m_callers.erase(caller); }
+
 private:
     struct Caller {
         Callers* owner = nullptr;

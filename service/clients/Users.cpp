@@ -16,6 +16,25 @@ bool Users::add(std::string_view connection, UserId user) {
     return true;
 }
 
+std::optional<std::string>
+Users::whoMakesRoomFor(UserId user, const std::function<Standing(UserId)>& standingOf) const {
+    if (connectionsOf(user) >= mostConnectionsOfOne) {
+        return std::nullopt;
+    }
+    std::optional<std::string> least;
+    std::pair leastRank{standingOf(user), std::size_t{0}};
+    for (const auto& [name, connection] : m_connections) {
+        // More connections make a lower rank.
+        const std::pair rank{standingOf(connection.user),
+                             mostConnectionsOfOne - connectionsOf(connection.user)};
+        if (rank.first < standingOf(user) && (!least || rank < leastRank)) {
+            least = name;
+            leastRank = rank;
+        }
+    }
+    return least;
+}
+
 std::optional<UserId> Users::userOf(std::string_view connection) const {
     const auto found = m_connections.find(connection);
     return found == m_connections.end() ? std::nullopt : std::optional{found->second.user};

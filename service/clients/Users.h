@@ -3,6 +3,7 @@
 #pragma once
 
 #include "service/clients/Moment.h"
+#include "service/clients/Standing.h"
 #include "service/clients/UserWish.h"
 #include "service/session/LoginState.h"
 
@@ -36,6 +37,12 @@ public:
 
     /// Returns false if there are too many connections already.
     [[nodiscard]] bool add(std::string_view connection, UserId user);
+
+    /// Returns whose end makes room for a connection of `user`, if there is none: a connection of
+    /// those who matter least, and less than `user`, and among them of who has most. Nothing if
+    /// `user` has too many itself, or if all matter as much.
+    [[nodiscard]] std::optional<std::string>
+    whoMakesRoomFor(UserId user, const std::function<Standing(UserId)>& standingOf) const;
 
     [[nodiscard]] std::optional<UserId> userOf(std::string_view connection) const;
 

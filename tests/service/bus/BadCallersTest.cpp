@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Pallistrom authors
 // SPDX-License-Identifier: MIT
+#include "InChildProcess.h"
 #include "ServiceTest.h"
 #include "service/bus/Callers.h"
 #include "service/clients/CallerBudgets.h"
@@ -131,6 +132,63 @@ TEST_F(ServiceRefusal, meetsWhoeverComesTooOften) {
     clients.pop_front();
     ASSERT_TRUE(loop.runUntil([&] { return call(clients.back(), "GetAccess").error.empty(); }))
         << "there is room again";
+}
+
+TEST_F(ServiceRefusal, isNotForWhoeverSitsInFront) {
+    if (me() != 0) {
+        GTEST_SKIP() << "only the superuser can connect as others";
+    }
+    start();
+    std::deque<Client> crowd;
+    for (std::size_t i = 0; i < Users::mostConnections; ++i) {
+        // Those whom every system knows: the bus lets in nobody else.
+        const auto user = static_cast<UserId>(1 + i / Users::mostConnectionsOfOne);
+        EXPECT_EQ(accessOf(crowd.emplace_back(loop, user)), Access::NotLocal);
+    }
+    Client stranger{loop, InChildProcess::nobody};
+    EXPECT_EQ(call(stranger, "GetAccess").error, tooMuch) << "nobody matters less";
+    Client mine{loop};
+    EXPECT_EQ(accessOf(mine), Access::NotGranted);
+    EXPECT_EQ(call(crowd.back(), "GetAccess").error, "") << "one of them had to go, not all";
+
+    // Whoever had to go is a new caller, who finds no room.
+    const auto refused =
+        static_cast<std::size_t>(std::count_if(crowd.begin(), crowd.end(), [this](Client& client) {
+            return call(client, "GetAccess").error == tooMuch;
+        }));
+    EXPECT_EQ(refused, 1U);
+}
+
+TEST_F(ServiceRefusal, ofFloodsDoesNotKeepALockFromBeingHeard) {
+    grantFromBefore(me());
+    start();
+    Client client{loop};
+    call(client, "SetTap", "b", 1);
+    Client flood{loop};
+    std::vector<std::shared_ptr<const Outcome>> outcomes;
+    for (int i = 0; i < 5000; ++i) {
+        outcomes.push_back(flood.call("GetAccess"));
+    }
+    // The bus has passed on all of it before the service hears any.
+    ASSERT_GE(sd_bus_call_method(flood.connection().get(),
+                                 "org.freedesktop.DBus",
+                                 "/org/freedesktop/DBus",
+                                 "org.freedesktop.DBus",
+                                 "GetId",
+                                 nullptr,
+                                 nullptr,
+                                 ""),
+              0);
+    const auto before = client.call("SetFrontApplication", "y", 1);
+    login->lock("1", true);
+    EXPECT_TRUE(becomesAllowed(false));
+    EXPECT_FALSE(before->isHere) << "callers wait for one another";
+    const auto isHere = [](const auto& outcome) {
+        return outcome->isHere;
+    };
+    EXPECT_FALSE(std::all_of(outcomes.begin(), outcomes.end(), isHere));
+    EXPECT_TRUE(loop.runUntil(
+        [&] { return before->isHere && std::all_of(outcomes.begin(), outcomes.end(), isHere); }));
 }
 
 TEST_F(ServiceRefusal, isNotLoggedAgainAndAgain) {

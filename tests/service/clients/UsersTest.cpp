@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
+#include <optional>
 #include <string>
 
 namespace pallistrom {
@@ -339,6 +341,51 @@ TEST(Users, areNotWithoutNumber) {
         EXPECT_TRUE(users.add(":1." + std::to_string(i), static_cast<UserId>(i)));
     }
     EXPECT_FALSE(users.add(":1.100", bob + 5000));
+}
+
+TEST(Users, whoMatterLeastMakeRoom) {
+    Users users;
+    for (std::size_t i = 0; i < Users::mostConnections; ++i) {
+        const auto user = static_cast<UserId>(i / Users::mostConnectionsOfOne);
+        ASSERT_TRUE(users.add(":1." + std::to_string(i), user));
+    }
+    std::map<UserId, Standing> standings;
+    for (UserId user = 0; user < 8; ++user) {
+        standings[user] = Standing::Granted;
+    }
+    const auto ofRoomFor = [&](UserId user) -> std::optional<UserId> {
+        const auto name = users.whoMakesRoomFor(user, [&](UserId one) { return standings[one]; });
+        return name ? users.userOf(*name) : std::nullopt;
+    };
+    standings[ann] = Standing::Active;
+    standings[5] = Standing::Local;
+    EXPECT_THAT(ofRoomFor(ann), Optional(Eq(5U)));
+    standings[3] = Standing::Elsewhere;
+    EXPECT_THAT(ofRoomFor(ann), Optional(Eq(3U)));
+    standings[ann] = Standing::Granted;
+    EXPECT_THAT(ofRoomFor(ann), Optional(Eq(3U)));
+    standings[ann] = Standing::Local;
+    EXPECT_THAT(ofRoomFor(ann), Optional(Eq(3U)));
+    standings[ann] = Standing::Elsewhere;
+    EXPECT_EQ(ofRoomFor(ann), std::nullopt) << "nobody matters less";
+
+    standings[ann] = Standing::Active;
+    standings[4] = Standing::Elsewhere;
+    users.vanish(":1.24", seconds{1});
+    EXPECT_THAT(ofRoomFor(ann), Optional(Eq(4U))) << "who has most";
+    standings[0] = Standing::Active;
+    EXPECT_EQ(ofRoomFor(0), std::nullopt) << "it has all that one may have";
+}
+
+TEST(Standings, goBySessionAndGrant) {
+    LoginState login;
+    EXPECT_EQ(standingOf(ann, Grant::Given, login), Standing::Elsewhere);
+    login.localUsers = {ann, bob};
+    EXPECT_EQ(standingOf(ann, std::nullopt, login), Standing::Local);
+    EXPECT_EQ(standingOf(ann, Grant::Suspended, login), Standing::Granted);
+    login.active = sessionOf(ann, "3");
+    EXPECT_EQ(standingOf(ann, std::nullopt, login), Standing::Active);
+    EXPECT_EQ(standingOf(bob, Grant::Given, login), Standing::Granted);
 }
 
 } // namespace pallistrom
