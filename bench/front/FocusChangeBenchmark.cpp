@@ -25,7 +25,7 @@ using namespace pallistrom;
 using Microseconds = std::chrono::duration<double, std::micro>;
 
 constexpr Microseconds aim = std::chrono::milliseconds(1);
-constexpr int changes = 50; // Each waits for the time that lies between two messages.
+constexpr int changes = 50; // More would take long: only so many are told in a second.
 
 Microseconds processorTime() {
     timespec now{};

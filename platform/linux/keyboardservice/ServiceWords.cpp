@@ -50,7 +50,7 @@ void ServiceWords::tellModifiers(SystemBus& bus, const ModifierTable& modifiers)
 }
 
 void ServiceWords::tellFrontApplication(SystemBus& bus, FrontApplication application) {
-    const auto due = m_front.told + betweenFronts;
+    const auto due = m_frontsTold.at(m_oldestFront) + std::chrono::seconds(1);
     const auto make = [&bus, application] {
         return ServiceCalls::setFrontApplication(bus, application);
     };
@@ -73,7 +73,10 @@ void ServiceWords::tell(Word& word, SystemBus& bus, std::function<BusMessage()> 
 // What has been said of this kind before is of no interest any more, nor is the answer.
 void ServiceWords::send(Word& word) {
     word.due.reset();
-    word.told = Clock::now();
+    if (ServiceWords& self = *word.owner; &word == &self.m_front) {
+        self.m_frontsTold.at(self.m_oldestFront) = Clock::now();
+        self.m_oldestFront = (self.m_oldestFront + 1) % mostFrontsASecond;
+    }
     word.call = word.bus->ask(word.make(), answered, &word);
 }
 

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -22,11 +23,12 @@ namespace pallistrom {
 ///
 /// The service refuses those who talk too much. A word that it has refused for that reason is told
 /// again a little later; and who is in front, which may change faster than anybody types, is told
-/// ten times a second at most. While all is well nothing wakes up.
+/// at once as long as that is not the 17th time within a second. While all is well nothing wakes
+/// up.
 class ServiceWords {
 public:
     static constexpr std::chrono::milliseconds againAfter{1000};
-    static constexpr std::chrono::milliseconds betweenFronts{100};
+    static constexpr std::size_t mostFrontsASecond = 16;
 
     /// `tapRefused` is called with the name of the error if the service does not switch the tap on
     /// for any other reason.
@@ -60,7 +62,6 @@ private:
         SystemBus* bus = nullptr;
         BusSlot call{};                         ///< until it is answered
         std::optional<Clock::time_point> due{}; ///< when it is to be told, if not now
-        Clock::time_point told{};
     };
 
     static void tell(Word& word, SystemBus& bus, std::function<BusMessage()> make);
@@ -80,6 +81,8 @@ private:
     /// In the order in which they are told.
     std::array<Word*, 7> m_words{
         &m_withdrawal, &m_endOfPanic, &m_session, &m_switches, &m_modifiers, &m_front, &m_tap};
+    std::array<Clock::time_point, mostFrontsASecond> m_frontsTold{}; ///< the last ones
+    std::size_t m_oldestFront = 0;                                   ///< of them
     bool m_wantsTap = false;
     QTimer m_timer;
 };

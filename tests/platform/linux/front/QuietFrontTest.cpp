@@ -5,6 +5,7 @@
 #include "FrontStage.h"
 #include "LoopSleep.h"
 #include "TestKeymap.h"
+#include "platform/linux/keyboardservice/ServiceWords.h"
 
 #include <QTimer>
 
@@ -69,7 +70,8 @@ TEST_F(QuietFront, sleepsUntilSomebodySpeaks) {
 }
 
 TEST_F(QuietFront, tellsOnceOfAChangeOfKind) {
-    for (int i = 0; i < 50; ++i) {
+    // Rarely enough to be told without a wait.
+    for (std::size_t i = 0; i < ServiceWords::mostFrontsASecond / 4; ++i) {
         m_stage->bringToFront(m_stage->editor);
         ASSERT_TRUE(isTold(editsInFront));
         ASSERT_TRUE(LoopSleep::isWithoutEnd());

@@ -3,6 +3,7 @@
 #include "platform/linux/keyboardservice/BusKeyboardService.h"
 
 #include "BusKeyboardServiceFixture.h"
+#include "platform/linux/keyboardservice/ServiceWords.h"
 
 #include <gmock/gmock.h>
 
@@ -185,21 +186,23 @@ TEST_F(BusKeyboardServiceTest, worksWithAServiceThatKnowsNoSessions) {
     EXPECT_EQ(named.obstacle(), std::nullopt);
 }
 
-TEST_F(BusKeyboardServiceTest, tellsWhoIsInFrontTenTimesASecondAtMost) {
+TEST_F(BusKeyboardServiceTest, tellsWhoIsInFrontAtOnceButNotWithoutEnd) {
+    constexpr std::size_t most = ServiceWords::mostFrontsASecond;
     startService();
     ASSERT_TRUE(hearsUntil(std::nullopt));
     service->take();
     const auto begin = std::chrono::steady_clock::now();
     std::size_t changes = 0;
-    while (service->asked().size() < 4) {
+    while (service->asked().size() <= 2 * most) {
         ASSERT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
         client.setFrontApplication(++changes % 2 == 0 ? FrontApplication::KeepsItsKeys
                                                       : FrontApplication::TakesEditingKeys);
         loop.drain();
+        if (changes <= most) {
+            ASSERT_TRUE(loop.runUntil([&] { return service->asked().size() == changes; }));
+        }
     }
-    const auto passed = std::chrono::steady_clock::now() - begin;
-    const auto told = static_cast<std::int64_t>(service->asked().size());
-    EXPECT_LE(told, passed / ServiceWords::betweenFronts + 1);
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
 
     client.setFrontApplication(FrontApplication::EditsBySelection);
     EXPECT_TRUE(loop.runUntil([this] {
