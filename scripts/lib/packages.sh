@@ -19,6 +19,7 @@ packages_to() {
         echo fonts-dejavu-core imagemagick openbox xvfb
         ;;
     test) # it, in programs of other toolkits too
+        echo clang-14 libclang-rt-14-dev llvm-14
         echo libbenchmark-dev libgtk-3-dev libgtk-4-dev tk x11-xkb-utils xserver-xephyr xterm
         echo appstream at-spi2-core dbus dbus-daemon desktop-file-utils libatspi2.0-dev libglib2.0-bin
         echo libxcb-damage0-dev libxml2-utils man-db openssl strace systemd tint2 xdg-utils xfce4-panel xfce4-terminal xz-utils
@@ -41,7 +42,7 @@ packages_to() {
         echo dbus-daemon grim polkitd python3 python3-dbusmock qemu-system-x86 seatd sway
         ;;
     check) # the sources
-        echo clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev
+        echo clang-format-14 clang-tidy-14
         echo codespell git shellcheck
         ;;
     *) refuse "no packages are known to $1" ;;
