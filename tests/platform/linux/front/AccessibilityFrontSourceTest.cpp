@@ -10,8 +10,11 @@
 #include "Tools.h"
 #include "VirtualDisplay.h"
 
+#include <QTimer>
+
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <csignal>
 #include <optional>
 #include <string>
@@ -34,6 +37,7 @@ protected:
                                                           "openbox",
                                                           "dbus-daemon",
                                                           "gdbus",
+                                                          "xdotool",
                                                           "/usr/libexec/at-spi-bus-launcher",
                                                           gtkField,
                                                           qtField});
@@ -69,6 +73,18 @@ protected:
     }
 
     [[nodiscard]] bool waitForProgram(const std::string& name) {
+        // A program tells nothing of a window that came to the front before the program knew that
+        // somebody listens. People go on changing windows.
+        QTimer change;
+        QObject::connect(&change, &QTimer::timeout, &change, [this] {
+            // There may be no window yet.
+            ChildProcess activate{
+                {.arguments = {"xdotool", "search", "--name", "Text field", "windowactivate", "%@"},
+                 .environment = m_bus->environment(),
+                 .errorFile = "/dev/null"}};
+            static_cast<void>(activate.wait());
+        });
+        change.start(std::chrono::seconds(1));
         return m_loop.runUntil([&] { return m_source->report().window.name == name; });
     }
 
