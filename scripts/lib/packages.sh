@@ -20,7 +20,7 @@ packages_to() {
         ;;
     test) # it, in programs of other toolkits too
         echo clang-14 libclang-rt-14-dev llvm-14
-        echo libbenchmark-dev libgtk-3-dev libgtk-4-dev tk x11-xkb-utils xserver-xephyr xterm
+        echo libbenchmark-dev libgtk-3-dev libgtk-4-dev tk x11-xkb-utils xterm
         echo appstream at-spi2-core dbus dbus-daemon desktop-file-utils libatspi2.0-dev libglib2.0-bin
         echo libxcb-damage0-dev libxml2-utils man-db openssl strace systemd tint2 xdg-utils xfce4-panel xfce4-terminal xz-utils
         ;;

@@ -10,6 +10,6 @@ Desk::Desk(const std::string& fieldProgram, Lines lines, Keyboard keyboard, Prog
                   ? std::optional<Pallistrom>{std::in_place, display.name()}
                   : std::optional<Pallistrom>{}),
       field{fieldProgram, display.name(), lines},
-      keys{display.keyboardName()} {}
+      keys{display.name(), display.keyboard()} {}
 
 } // namespace pallistrom::e2e

@@ -60,7 +60,7 @@ struct Situation {
         : display{keyboard, {"-arinterval", milliseconds}},
           program{display.name()},
           field{fieldProgram, display.name()},
-          keys{display.keyboardName()} {}
+          keys{display.name(), display.keyboard()} {}
 
     VirtualDisplay display;
     Pallistrom program;
@@ -82,8 +82,8 @@ protected:
     /// Skips the test if something is lacking.
     void begin(const std::string& milliseconds) {
         const std::string fieldProgram = std::string{FIELD_FOLDER} + "/field-qt6";
-        const std::string missing = missingPrograms(
-            {"Xvfb", "Xephyr", "openbox", "xdotool", fieldProgram, Pallistrom::path()});
+        const std::string missing =
+            missingPrograms({"Xvfb", "openbox", "xdotool", fieldProgram, Pallistrom::path()});
         if (!missing.empty()) {
             GTEST_SKIP() << missing;
         }

@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "DeviceKeyboard.h"
 #include "Home.h"
+#include "Keyboard.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,7 +17,7 @@ namespace pallistrom::e2e {
 /// may yet have to hear of them. Throws std::runtime_error if a key cannot be pressed.
 class Keys {
 public:
-    explicit Keys(std::string display);
+    explicit Keys(std::string display, Keyboard keyboard = Keyboard::Faked);
 
     /// Plays a script of presses and releases: "+ctrl +w -w -ctrl".
     void play(std::string_view script) const;
@@ -27,6 +30,7 @@ public:
 
 private:
     std::string m_display;
+    std::optional<DeviceKeyboard> m_device;
     Home m_home;
 };
 

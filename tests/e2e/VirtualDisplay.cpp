@@ -2,10 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "VirtualDisplay.h"
 
-#include "XConnection.h"
-
 #include <fstream>
-#include <ostream>
 #include <stdexcept>
 #include <string_view>
 
@@ -26,65 +23,21 @@ constexpr std::string_view windowManagerSettings = R"(<?xml version="1.0" encodi
 )";
 
 XServer framebuffer(const Home& home, const std::vector<std::string>& arguments) {
-    Command command{.arguments = {"Xvfb", "-screen", "0", "1000x600x24"},
-                    .environment = home.environment(""),
-                    .errorFile = home.path() / "framebuffer.log"};
+    Command command{
+        .arguments =
+            {"Xvfb", "-screen", "0", "1000x600x24", "-ardelay", "400", "-arinterval", "30"},
+        .environment = home.environment(""),
+        .errorFile = home.path() / "framebuffer.log"};
     command.arguments.insert(command.arguments.end(), arguments.begin(), arguments.end());
     return XServer{command};
 }
 
-/// Gives the keyboard of `display` to the only window on it, which a nested server has put there.
-void focusOnlyWindow(const std::string& display) {
-    const XConnection connection{display};
-    const bool focused = waitUntil([&] {
-        const XReply<xcb_query_tree_reply_t> tree{xcb_query_tree_reply(
-            connection, xcb_query_tree(connection, connection.rootWindow()), nullptr)};
-        if (!tree || xcb_query_tree_children_length(tree.get()) == 0) {
-            return false;
-        }
-        // Refused while the window is not mapped yet.
-        const xcb_window_t window = *xcb_query_tree_children(tree.get());
-        const XReply<xcb_generic_error_t> error{
-            xcb_request_check(connection,
-                              xcb_set_input_focus_checked(
-                                  connection, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME))};
-        return error == nullptr;
-    });
-    if (!focused) {
-        throw std::runtime_error{"the nested X server has no window"};
-    }
-}
-
 } // namespace
 
-void PrintTo(Keyboard keyboard, std::ostream* out) {
-    *out << (keyboard == Keyboard::Faked ? "faked keys" : "keyboard");
-}
-
 VirtualDisplay::VirtualDisplay(Keyboard keyboard, const std::vector<std::string>& serverArguments)
-    // Only the server that has the keyboard may repeat held keys, so the outer one does not.
-    : m_outer{keyboard == Keyboard::Device ? std::optional{framebuffer(m_home, {"-r"})}
-                                           : std::nullopt},
-      m_server{startServer(keyboard, serverArguments)},
-      m_windowManager{startWindowManager()} {
-    if (m_outer) {
-        focusOnlyWindow(m_outer->name());
-    }
-}
-
-XServer VirtualDisplay::startServer(Keyboard keyboard,
-                                    const std::vector<std::string>& arguments) const {
-    std::vector<std::string> allArguments{"-ardelay", "400", "-arinterval", "30"};
-    allArguments.insert(allArguments.end(), arguments.begin(), arguments.end());
-    if (keyboard == Keyboard::Faked) {
-        return framebuffer(m_home, allArguments);
-    }
-    Command command{.arguments = {"Xephyr", "-screen", "1000x600", "-no-host-grab"},
-                    .environment = m_home.environment(m_outer->name()),
-                    .errorFile = m_home.path() / "nested-server.log"};
-    command.arguments.insert(command.arguments.end(), allArguments.begin(), allArguments.end());
-    return XServer{command};
-}
+    : m_keyboard{keyboard},
+      m_server{framebuffer(m_home, serverArguments)},
+      m_windowManager{startWindowManager()} {}
 
 ChildProcess VirtualDisplay::startWindowManager() const {
     const auto settings = m_home.configFolder() / "window-manager.xml";
