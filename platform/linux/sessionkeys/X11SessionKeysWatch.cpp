@@ -20,10 +20,10 @@ X11SessionKeysWatch::X11SessionKeysWatch(std::unique_ptr<X11Connection> connecti
 void X11SessionKeysWatch::look() {
     while (takeX11Events(*m_connection,
                          [this](const auto& event) { return m_keyboard.isChange(event); })) {
-        X11Keyboard keyboard(*m_connection);
+        const X11Keyboard keyboard(*m_connection);
         // What a server that is going away did not answer is no keyboard.
         if (m_connection->isAlive()) {
-            m_keyboard = std::move(keyboard);
+            m_keyboard = keyboard;
         }
     }
 }
