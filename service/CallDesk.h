@@ -5,8 +5,8 @@
 #include "service/AccessNews.h"
 #include "service/KeyControl.h"
 #include "service/ServiceState.h"
-#include "service/UserLog.h"
 #include "service/bus/BusSide.h"
+#include "service/clients/UserLog.h"
 
 #include <set>
 #include <string>

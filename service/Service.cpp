@@ -112,12 +112,13 @@ int Service::reconnectNow(sd_event_source* /*source*/, std::uint64_t /*time*/, v
 }
 
 void Service::panicked() {
-    if (const auto& active = m_state.login.active) {
+    const std::optional<ActiveSession> active = m_state.login.active;
+    if (active) {
         m_state.grants.suspend(active->user);
-        update();
+    }
+    update();
+    if (active) {
         NSLog("Pallistrom: user " + std::to_string(active->user) + " pressed the panic chord");
-    } else {
-        update();
     }
 }
 

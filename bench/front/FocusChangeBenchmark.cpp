@@ -97,7 +97,8 @@ private:
         m_loop.drain();
         Microseconds spent = processorTime() - before;
         const Deadline deadline;
-        while (!m_service.readLine(Deadline{std::chrono::milliseconds{110}})) {
+        // Where there were many within a second it is held back, and sent by a timer.
+        while (!m_service.readLine(Deadline{std::chrono::milliseconds{100}})) {
             if (deadline.hasPassed()) {
                 throw std::runtime_error("the service hears nothing");
             }

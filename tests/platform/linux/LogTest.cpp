@@ -116,20 +116,6 @@ TEST(Log, goesToTheErrorStreamIfTheJournalReadsAnotherOne) {
     }
 }
 
-TEST(Log, goesToTheSystemLogOnceAndToTheErrorStream) {
-    InChildProcess::run([] {
-        ErrorStream errors;
-        Environment::unset("JOURNAL_STREAM");
-        SystemLog log;
-        if (!log.open()) {
-            GTEST_SKIP() << "no mounts of our own to put a system log on";
-        }
-        NSLog("Pallistrom: a line");
-        EXPECT_THAT(log.take(), ElementsAre(EndsWith(": Pallistrom: a line")));
-        EXPECT_THAT(errors.take(), EndsWith(": Pallistrom: a line\n"));
-    });
-}
-
 TEST(Log, isOnceInTheJournalThatReadsTheErrorStreamToo) {
     InChildProcess::run([] {
         ErrorStream errors;
@@ -144,7 +130,7 @@ TEST(Log, isOnceInTheJournalThatReadsTheErrorStreamToo) {
     });
 }
 
-TEST(Log, namesTheProcessAndTheKindOfLineToTheSystemLog) {
+TEST(Log, goesToTheSystemLogOnceAndToTheErrorStreamWithTheNameOfTheProcess) {
     InChildProcess::run([] {
         ErrorStream errors;
         Environment::unset("JOURNAL_STREAM");

@@ -4,6 +4,7 @@
 
 #include "service/session/LoginState.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -13,9 +14,12 @@
 namespace pallistrom {
 
 /// What the system log says of users. What it has said last is not said again, so that nobody fills
-/// it by asking for the same once more.
+/// it by asking for the same once more. It remembers no more than so many things, as one person can
+/// have thousands of user numbers.
 class UserLog {
 public:
+    static constexpr std::size_t mostRemembered = 256;
+
     enum class About : std::uint8_t {
         Access,
         Grant,
