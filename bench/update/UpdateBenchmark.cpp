@@ -12,6 +12,7 @@
 #include "TimedApplication.h"
 #include "platform/linux/update/AppcastUpdater.h"
 
+#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
@@ -20,7 +21,6 @@
 #include <cstdlib>
 #include <future>
 #include <string>
-#include <thread>
 #include <vector>
 
 // What an update check costs: reading feeds of several sizes, and how long each step holds the main
@@ -107,37 +107,33 @@ bool measureReading() {
 }
 
 /// A server on a thread of its own, so that it does not hold the one that is measured.
-class OtherThread {
+class OtherThread : private QThread {
 public:
     OtherThread() {
-        std::promise<LoopbackServer*> made;
-        auto server = made.get_future();
-        m_thread = std::thread([this, &made] {
-            // First: sockets are watched by what it makes.
-            QEventLoop loop;
-            LoopbackServer own;
-            m_loop = &loop;
-            made.set_value(&own);
-            loop.exec();
-        });
+        auto server = m_made.get_future();
+        start();
         m_server = server.get();
     }
 
     OtherThread(const OtherThread&) = delete;
     OtherThread& operator=(const OtherThread&) = delete;
 
-    ~OtherThread() {
-        QMetaObject::invokeMethod(
-            m_loop, [loop = m_loop] { loop->quit(); }, Qt::QueuedConnection);
-        m_thread.join();
+    ~OtherThread() override {
+        quit();
+        wait();
     }
 
     /// To be told what to answer before anybody asks.
     [[nodiscard]] LoopbackServer& server() const { return *m_server; }
 
 private:
-    std::thread m_thread;
-    QEventLoop* m_loop = nullptr;
+    void run() override {
+        LoopbackServer own;
+        m_made.set_value(&own);
+        exec();
+    }
+
+    std::promise<LoopbackServer*> m_made;
     LoopbackServer* m_server = nullptr;
 };
 
