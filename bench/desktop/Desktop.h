@@ -34,7 +34,7 @@ public:
     void waitForIcons(int count) const;
 
 private:
-    e2e::VirtualDisplay m_display{e2e::Keyboard::Faked};
+    e2e::VirtualDisplay m_display;
     e2e::SessionBus m_bus{m_display.name()};
     QDBusConnection m_connection;
     e2e::Panel m_panel{m_bus};

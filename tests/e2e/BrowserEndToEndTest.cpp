@@ -20,10 +20,7 @@ namespace {
 
 struct Situation {
     explicit Situation(Keyboard keyboard)
-        : display{keyboard},
-          program{display.name()},
-          browser{display.name()},
-          keys{display.name(), display.keyboard()} {}
+        : program{display.name()}, browser{display.name()}, keys{display.name(), keyboard} {}
 
     VirtualDisplay display;
     Pallistrom program;

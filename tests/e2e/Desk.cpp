@@ -5,11 +5,10 @@
 namespace pallistrom::e2e {
 
 Desk::Desk(const std::string& fieldProgram, Lines lines, Keyboard keyboard, Program which)
-    : display{keyboard},
-      program(which == Program::Pallistrom
+    : program(which == Program::Pallistrom
                   ? std::optional<Pallistrom>{std::in_place, display.name()}
                   : std::optional<Pallistrom>{}),
       field{fieldProgram, display.name(), lines},
-      keys{display.name(), display.keyboard()} {}
+      keys{display.name(), keyboard} {}
 
 } // namespace pallistrom::e2e

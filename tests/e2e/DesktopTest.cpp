@@ -36,7 +36,7 @@ void DesktopTest::start(const std::vector<std::string>& serverArguments) {
     if (!missing.empty()) {
         GTEST_SKIP() << missing;
     }
-    display.emplace(Keyboard::Faked, serverArguments);
+    display.emplace(serverArguments);
     bus.emplace(display->name());
     reader.emplace(*bus);
     screen.emplace(display->name());

@@ -19,7 +19,7 @@ TEST(FreshInstallation, hasControlWAndControlUOnAndTheOthersOff) {
     if (!missing.empty()) {
         GTEST_SKIP() << missing;
     }
-    const VirtualDisplay display{Keyboard::Faked};
+    const VirtualDisplay display;
     const Pallistrom program{display.name()};
     const std::map<std::string, bool> expected{
         {"ctrlW", true}, {"ctrlU", true}, {"ctrlK", false}, {"altD", false}};

@@ -57,10 +57,10 @@ std::size_t count(const std::string& word, const TextState& state) {
 
 struct Situation {
     Situation(Keyboard keyboard, const std::string& fieldProgram, const std::string& milliseconds)
-        : display{keyboard, {"-arinterval", milliseconds}},
+        : display{{"-arinterval", milliseconds}},
           program{display.name()},
           field{fieldProgram, display.name()},
-          keys{display.name(), display.keyboard()} {}
+          keys{display.name(), keyboard} {}
 
     VirtualDisplay display;
     Pallistrom program;

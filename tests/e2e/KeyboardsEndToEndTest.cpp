@@ -12,8 +12,7 @@ namespace pallistrom::e2e {
 
 namespace {
 
-// As keys take them, too. Given the name of a modifier on the right, xdotool would press the one on
-// the left along with it.
+// Given the name of a modifier on the right, xdotool would press the one on the left along with it.
 using KeyNumbers = std::vector<std::string>;
 
 const std::string keyOfControl = "37";
@@ -56,12 +55,11 @@ protected:
     expectAfter(const KeyNumbers& modifiers, const std::string& key, const TextState& expected) {
         SCOPED_TRACE(key);
         desk().field.set(middle);
-        std::string releases;
+        std::string script = '+' + key + " -" + key;
         for (const std::string& modifier : modifiers) {
-            desk().keys.play('+' + modifier);
-            releases.insert(0, " -" + modifier);
+            script = '+' + modifier + ' ' + script + " -" + modifier;
         }
-        desk().keys.play('+' + key + " -" + key + releases);
+        desk().keys.play(script);
         EXPECT_EQ(desk().field.waitFor(expected), expected);
         EXPECT_TRUE(waitUntil([] { return keysThatAreDown().empty(); }));
     }

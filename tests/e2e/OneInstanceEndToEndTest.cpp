@@ -34,7 +34,7 @@ protected:
         if (!missing.empty()) {
             GTEST_SKIP() << missing;
         }
-        display.emplace(Keyboard::Faked);
+        display.emplace();
         bus.emplace(display->name());
     }
 

@@ -47,7 +47,7 @@ TEST_P(Terminals, keepTheirKeysAndGiveThemBackToTheFieldBesideThem) {
     if (!missing.empty()) {
         GTEST_SKIP() << missing;
     }
-    const VirtualDisplay display{Keyboard::Faked};
+    const VirtualDisplay display;
     const Keys keys{display.name()};
     Pallistrom program{display.name()};
     program.setSwitches({{"ctrlW", true}, {"ctrlU", true}, {"ctrlK", true}});

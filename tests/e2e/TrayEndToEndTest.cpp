@@ -36,7 +36,7 @@ protected:
         if (!missing.empty()) {
             GTEST_SKIP() << missing;
         }
-        display.emplace(Keyboard::Faked);
+        display.emplace();
         bus.emplace(display->name());
         screen.emplace(display->name());
         keys.emplace(display->name());

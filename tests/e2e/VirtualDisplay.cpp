@@ -34,10 +34,8 @@ XServer framebuffer(const Home& home, const std::vector<std::string>& arguments)
 
 } // namespace
 
-VirtualDisplay::VirtualDisplay(Keyboard keyboard, const std::vector<std::string>& serverArguments)
-    : m_keyboard{keyboard},
-      m_server{framebuffer(m_home, serverArguments)},
-      m_windowManager{startWindowManager()} {}
+VirtualDisplay::VirtualDisplay(const std::vector<std::string>& serverArguments)
+    : m_server{framebuffer(m_home, serverArguments)}, m_windowManager{startWindowManager()} {}
 
 ChildProcess VirtualDisplay::startWindowManager() const {
     const auto settings = m_home.configFolder() / "window-manager.xml";

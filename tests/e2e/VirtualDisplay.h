@@ -4,7 +4,6 @@
 
 #include "ChildProcess.h"
 #include "Home.h"
-#include "Keyboard.h"
 #include "XServer.h"
 
 #include <string>
@@ -16,19 +15,15 @@ namespace pallistrom::e2e {
 /// Throws std::runtime_error if it does not come up.
 class VirtualDisplay {
 public:
-    /// `keyboard` is the one that is used on it.
-    explicit VirtualDisplay(Keyboard keyboard,
-                            const std::vector<std::string>& serverArguments = {});
+    /// `serverArguments` are added to the usual ones.
+    explicit VirtualDisplay(const std::vector<std::string>& serverArguments = {});
 
     /// The display to which programs connect.
     const std::string& name() const { return m_server.name(); }
 
-    Keyboard keyboard() const { return m_keyboard; }
-
 private:
     ChildProcess startWindowManager() const;
 
-    Keyboard m_keyboard;
     Home m_home;
     XServer m_server;
     ChildProcess m_windowManager;

@@ -31,7 +31,7 @@ void waitForSomethingBright(const Screen& screen, Area area) {
 
 void takePicture(const std::string& folder) {
     constexpr int rightButton = 3;
-    const VirtualDisplay display{Keyboard::Faked};
+    const VirtualDisplay display;
     const SessionBus bus{display.name()};
     const Screen screen{display.name()};
     Camera camera{display.name(), folder};

@@ -44,7 +44,7 @@ protected:
         if (!missing.empty()) {
             GTEST_SKIP() << missing;
         }
-        m_display.emplace(e2e::Keyboard::Faked);
+        m_display.emplace();
         m_bus.emplace(m_display->name());
         Environment::set("DBUS_SESSION_BUS_ADDRESS",
                          m_bus->environment().at("DBUS_SESSION_BUS_ADDRESS"));
