@@ -2,17 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "service/bus/BusGuard.h"
 
-#include <string_view>
+#include "platform/linux/bus/TheBus.h"
+
 #include <utility>
 
 namespace pallistrom {
 
 namespace {
-
-bool isFrom(sd_bus_message* message, std::string_view sender) {
-    const char* const name = sd_bus_message_get_sender(message);
-    return name != nullptr && name == sender;
-}
 
 bool isCall(sd_bus_message* message) {
     std::uint8_t type = 0;

@@ -2,17 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "service/bus/Callers.h"
 
+#include "platform/linux/bus/TheBus.h"
+
 #include <cstdint>
 #include <utility>
 
 namespace pallistrom {
-
-namespace {
-
-constexpr const char* busName = "org.freedesktop.DBus";
-constexpr const char* busObject = "/org/freedesktop/DBus";
-
-} // namespace
 
 void Callers::take(const std::string& caller, PendingCall call) {
     const auto found = m_callers.find(caller);
@@ -36,8 +31,8 @@ void Callers::add(const std::string& name, PendingCall call) {
     auto caller = std::make_unique<Caller>();
     caller->owner = this;
     caller->name = name;
-    const std::string match = std::string{"type='signal',sender='"} + busName + "',path='" +
-                              busObject + "',interface='" + busName +
+    const std::string match = std::string{"type='signal',sender='"} + TheBus::name + "',path='" +
+                              TheBus::object + "',interface='" + TheBus::name +
                               "',member='NameOwnerChanged',arg0='" + name + "'";
     const int watched = into(caller->nameWatch, [&](sd_bus_slot** slot) {
         return sd_bus_add_match_async(
@@ -46,9 +41,9 @@ void Callers::add(const std::string& name, PendingCall call) {
     const int asked = into(caller->question, [&](sd_bus_slot** slot) {
         return sd_bus_call_method_async(m_bus,
                                         slot,
-                                        busName,
-                                        busObject,
-                                        busName,
+                                        TheBus::name,
+                                        TheBus::object,
+                                        TheBus::name,
                                         "GetConnectionUnixUser",
                                         userTold,
                                         caller.get(),
@@ -95,12 +90,9 @@ void Callers::identified(Caller& caller, std::optional<UserId> user) {
 
 int Callers::nameChanged(sd_bus_message* message, void* caller, sd_bus_error* /*error*/) {
     auto& self = *static_cast<Caller*>(caller);
-    const char* const sender = sd_bus_message_get_sender(message);
-    // The library takes the word of any sender for that of a well-known one.
-    if (sender == nullptr || std::string_view{sender} != busName) {
-        return 0;
+    if (isFrom(message, TheBus::name)) {
+        self.owner->forget(self);
     }
-    self.owner->forget(self);
     return 0;
 }
 

@@ -2,27 +2,20 @@
 // SPDX-License-Identifier: MIT
 #include "service/session/LoginWatch.h"
 
+#include "platform/linux/bus/TheBus.h"
 #include "service/session/LoginAnswers.h"
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 namespace pallistrom {
 
 namespace {
 
-constexpr const char* busName = "org.freedesktop.DBus";
-constexpr const char* busObject = "/org/freedesktop/DBus";
 constexpr const char* manager = "org.freedesktop.login1";
 constexpr const char* managerObject = "/org/freedesktop/login1";
 constexpr const char* managerInterface = "org.freedesktop.login1.Manager";
 constexpr const char* properties = "org.freedesktop.DBus.Properties";
-
-bool isFrom(sd_bus_message* message, std::string_view sender) {
-    const char* const name = sd_bus_message_get_sender(message);
-    return name != nullptr && name == sender;
-}
 
 // A match that the bus refuses would end the connection, if nobody looked at the answer. Without it
 // we hear too little, and the next answer to anything else says so.
@@ -69,9 +62,9 @@ int LoginWatch::watchOwner() {
     const int asked = into(m_ownerQuestion, [this](sd_bus_slot** slot) {
         return sd_bus_call_method_async(m_bus,
                                         slot,
-                                        busName,
-                                        busObject,
-                                        busName,
+                                        TheBus::name,
+                                        TheBus::object,
+                                        TheBus::name,
                                         "GetNameOwner",
                                         ownerTold,
                                         this,
@@ -97,7 +90,8 @@ int LoginWatch::ownerChanged(sd_bus_message* signal, void* watch, sd_bus_error* 
     const char* name = nullptr;
     const char* before = nullptr;
     const char* owner = nullptr;
-    if (isFrom(signal, busName) && sd_bus_message_read(signal, "sss", &name, &before, &owner) > 0) {
+    if (isFrom(signal, TheBus::name) &&
+        sd_bus_message_read(signal, "sss", &name, &before, &owner) > 0) {
         self.m_owner = owner;
         self.lookAgain();
     }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/front/AccessibilityFrontSource.h"
 
+#include "platform/linux/bus/TheBus.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <system_error>
@@ -17,12 +19,6 @@ constexpr const char* windowEvent = "org.a11y.atspi.Event.Window";
 constexpr const char* objectEvent = "org.a11y.atspi.Event.Object";
 constexpr std::uint32_t terminalRole = 60;
 
-template<void (AccessibilityFrontSource::*hear)(sd_bus_message*)>
-int handle(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
-    (static_cast<AccessibilityFrontSource*>(self)->*hear)(message);
-    return 0;
-}
-
 std::string senderOf(sd_bus_message* message) {
     const char* const sender = sd_bus_message_get_sender(message);
     return sender == nullptr ? "" : sender;
@@ -33,7 +29,7 @@ bool isAnswer(sd_bus_message* answer) {
 }
 
 // Programs send only what somebody has registered for.
-BusSlot registerFor(SystemBus& bus, const char* event) {
+BusSlot registerFor(BusConnection& bus, const char* event) {
     BusMessage call = bus.makeCall("org.a11y.atspi.Registry",
                                    "/org/a11y/atspi/registry",
                                    "org.a11y.atspi.Registry",
@@ -73,9 +69,9 @@ void AccessibilityFrontSource::follow() {
     end();
     setReport(FrontReport::unknown());
     if (m_status && !m_status->address().empty()) {
-        m_bus = std::make_unique<SystemBus>(m_status->address());
-        QObject::connect(m_bus.get(), &SystemBus::ready, m_bus.get(), [this] { busIsReady(); });
-        QObject::connect(m_bus.get(), &SystemBus::lost, m_bus.get(), [this] {
+        m_bus = std::make_unique<BusConnection>(m_status->address());
+        QObject::connect(m_bus.get(), &BusConnection::ready, m_bus.get(), [this] { busIsReady(); });
+        QObject::connect(m_bus.get(), &BusConnection::lost, m_bus.get(), [this] {
             end();
             setReport(FrontReport::unknown());
         });
@@ -99,13 +95,13 @@ void AccessibilityFrontSource::end() {
 void AccessibilityFrontSource::busIsReady() {
     m_matches = {
         m_bus->listen({.interface = windowEvent, .member = "Activate"},
-                      handle<&AccessibilityFrontSource::hearActivate>,
+                      busHandler<&AccessibilityFrontSource::hearActivate>,
                       this),
         m_bus->listen({.interface = windowEvent, .member = "Deactivate"},
-                      handle<&AccessibilityFrontSource::hearDeactivate>,
+                      busHandler<&AccessibilityFrontSource::hearDeactivate>,
                       this),
         m_bus->listen({.interface = objectEvent, .member = "StateChanged", .argument = "focused"},
-                      handle<&AccessibilityFrontSource::hearFocus>,
+                      busHandler<&AccessibilityFrontSource::hearFocus>,
                       this)};
     m_registrations = {registerFor(*m_bus, "window:activate"),
                        registerFor(*m_bus, "window:deactivate"),
@@ -138,7 +134,7 @@ void AccessibilityFrontSource::hearFocus(sd_bus_message* signal) {
         bringToFront(program);
     }
     m_roleQuestion = m_bus->ask(m_bus->makeCall(program.c_str(), object, accessible, "GetRole"),
-                                handle<&AccessibilityFrontSource::hearRole>,
+                                busHandler<&AccessibilityFrontSource::hearRole>,
                                 this);
 }
 
@@ -149,21 +145,25 @@ void AccessibilityFrontSource::bringToFront(const std::string& program) {
     m_program = program;
     m_found = FrontReport::of({});
     m_roleQuestion.reset();
-    m_endMatch = m_bus->listen({.sender = "org.freedesktop.DBus",
-                                .interface = "org.freedesktop.DBus",
+    m_endMatch = m_bus->listen({.sender = TheBus::name,
+                                .interface = TheBus::name,
                                 .member = "NameOwnerChanged",
                                 .argument = m_program.c_str()},
-                               handle<&AccessibilityFrontSource::hearEnd>,
+                               busHandler<&AccessibilityFrontSource::hearEnd>,
                                this);
     BusMessage call =
         m_bus->makeCall(m_program.c_str(), root, "org.freedesktop.DBus.Properties", "Get");
     if (call) {
         sd_bus_message_append(call.get(), "ss", accessible, "Name");
     }
-    m_nameQuestion = m_bus->ask(std::move(call), handle<&AccessibilityFrontSource::hearName>, this);
+    m_nameQuestion =
+        m_bus->ask(std::move(call), busHandler<&AccessibilityFrontSource::hearName>, this);
 }
 
-void AccessibilityFrontSource::hearEnd(sd_bus_message* /*signal*/) {
+void AccessibilityFrontSource::hearEnd(sd_bus_message* signal) {
+    if (!isFrom(signal, TheBus::name)) {
+        return;
+    }
     m_program.clear();
     m_nameQuestion.reset();
     m_roleQuestion.reset();
@@ -176,15 +176,13 @@ void AccessibilityFrontSource::hearName(sd_bus_message* answer) {
         sd_bus_message_read(answer, "v", "s", &name) > 0) {
         m_found.window.instance = std::string(name).substr(0, WindowClass::mostBytes);
     }
-    BusMessage call = m_bus->makeCall("org.freedesktop.DBus",
-                                      "/org/freedesktop/DBus",
-                                      "org.freedesktop.DBus",
-                                      "GetConnectionUnixProcessID");
+    BusMessage call =
+        m_bus->makeCall(TheBus::name, TheBus::object, TheBus::name, "GetConnectionUnixProcessID");
     if (call) {
         sd_bus_message_append(call.get(), "s", m_program.c_str());
     }
     m_nameQuestion =
-        m_bus->ask(std::move(call), handle<&AccessibilityFrontSource::hearProcess>, this);
+        m_bus->ask(std::move(call), busHandler<&AccessibilityFrontSource::hearProcess>, this);
 }
 
 void AccessibilityFrontSource::hearProcess(sd_bus_message* answer) {

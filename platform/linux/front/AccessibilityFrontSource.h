@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/linux/bus/BusConnection.h"
 #include "platform/linux/front/AccessibilityStatus.h"
 #include "platform/linux/front/FrontSource.h"
-#include "platform/linux/keyboardservice/SystemBus.h"
 
 #include <array>
 #include <functional>
@@ -53,7 +53,7 @@ private:
     FrontReport m_found;   ///< as far as the questions are answered
     std::string m_program; ///< the one in front, by the name of its connection
     std::optional<AccessibilityStatus> m_status; ///< while it is wanted
-    std::unique_ptr<SystemBus> m_bus;            ///< of accessibility, while that is on
+    std::unique_ptr<BusConnection> m_bus;        ///< of accessibility, while that is on
     std::array<BusSlot, 3> m_registrations;      ///< what came of them is not looked at
     std::array<BusSlot, 3> m_matches;
     BusSlot m_endMatch;     ///< of the program in front

@@ -3,6 +3,7 @@
 #include "platform/linux/front/AccessibilityStatus.h"
 
 #include "platform/linux/SessionPaths.h"
+#include "platform/linux/bus/TheBus.h"
 
 #include <utility>
 
@@ -14,19 +15,13 @@ constexpr const char* service = "org.a11y.Bus";
 constexpr const char* object = "/org/a11y/bus";
 constexpr const char* properties = "org.freedesktop.DBus.Properties";
 
-template<void (AccessibilityStatus::*hear)(sd_bus_message*)>
-int handle(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
-    (static_cast<AccessibilityStatus*>(self)->*hear)(message);
-    return 0;
-}
-
 std::string sessionAddress() {
     const std::string address = SessionPaths::variable("DBUS_SESSION_BUS_ADDRESS");
     return address.empty() ? "unix:path=" + SessionPaths::variable("XDG_RUNTIME_DIR") + "/bus"
                            : address;
 }
 
-BusMessage quietCall(const SystemBus& bus, const char* interface, const char* member) {
+BusMessage quietCall(const BusConnection& bus, const char* interface, const char* member) {
     BusMessage call = bus.makeCall(service, object, interface, member);
     if (call) {
         sd_bus_message_set_auto_start(call.get(), 0);
@@ -37,26 +32,27 @@ BusMessage quietCall(const SystemBus& bus, const char* interface, const char* me
 } // namespace
 
 AccessibilityStatus::AccessibilityStatus(std::function<void()> whenChanged)
-    : m_whenChanged(std::move(whenChanged)), m_bus(std::make_unique<SystemBus>(sessionAddress())) {
-    QObject::connect(m_bus.get(), &SystemBus::ready, m_bus.get(), [this] { busIsReady(); });
+    : m_whenChanged(std::move(whenChanged)),
+      m_bus(std::make_unique<BusConnection>(sessionAddress())) {
+    QObject::connect(m_bus.get(), &BusConnection::ready, m_bus.get(), [this] { busIsReady(); });
     // A session without its bus ends.
-    QObject::connect(m_bus.get(), &SystemBus::lost, m_bus.get(), [this] { setAddress({}); });
+    QObject::connect(m_bus.get(), &BusConnection::lost, m_bus.get(), [this] { setAddress({}); });
 }
 
 void AccessibilityStatus::busIsReady() {
-    m_matches = {m_bus->listen({.sender = "org.freedesktop.DBus",
-                                .path = "/org/freedesktop/DBus",
-                                .interface = "org.freedesktop.DBus",
+    m_matches = {m_bus->listen({.sender = TheBus::name,
+                                .path = TheBus::object,
+                                .interface = TheBus::name,
                                 .member = "NameOwnerChanged",
                                 .argument = service},
-                               handle<&AccessibilityStatus::hearOwner>,
+                               busHandler<&AccessibilityStatus::hearOwner>,
                                this),
                  m_bus->listen({.sender = service,
                                 .path = object,
                                 .interface = properties,
                                 .member = "PropertiesChanged",
                                 .argument = "org.a11y.Status"},
-                               handle<&AccessibilityStatus::hearOwner>,
+                               busHandler<&AccessibilityStatus::hearOwner>,
                                this)};
     ask();
 }
@@ -70,7 +66,7 @@ void AccessibilityStatus::ask() {
     if (call) {
         sd_bus_message_append(call.get(), "ss", "org.a11y.Status", "IsEnabled");
     }
-    m_question = m_bus->ask(std::move(call), handle<&AccessibilityStatus::hearIsEnabled>, this);
+    m_question = m_bus->ask(std::move(call), busHandler<&AccessibilityStatus::hearIsEnabled>, this);
 }
 
 void AccessibilityStatus::hearIsEnabled(sd_bus_message* answer) {
@@ -81,8 +77,9 @@ void AccessibilityStatus::hearIsEnabled(sd_bus_message* answer) {
         setAddress({});
         return;
     }
-    m_question = m_bus->ask(
-        quietCall(*m_bus, service, "GetAddress"), handle<&AccessibilityStatus::hearAddress>, this);
+    m_question = m_bus->ask(quietCall(*m_bus, service, "GetAddress"),
+                            busHandler<&AccessibilityStatus::hearAddress>,
+                            this);
 }
 
 void AccessibilityStatus::hearAddress(sd_bus_message* answer) {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/keyboardservice/SystemBus.h"
+#include "platform/linux/bus/BusConnection.h"
 
 #include <array>
 #include <functional>
@@ -36,7 +36,7 @@ private:
     std::function<void()> m_whenChanged;
     std::string m_address;
     bool m_isKnown = false;
-    std::unique_ptr<SystemBus> m_bus; ///< of the session
+    std::unique_ptr<BusConnection> m_bus; ///< of the session
     std::array<BusSlot, 2> m_matches;
     BusSlot m_question; ///< the one that is open
 };

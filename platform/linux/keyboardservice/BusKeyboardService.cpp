@@ -4,6 +4,7 @@
 
 #include "pallistrom/Names.h"
 #include "platform/Log.h"
+#include "platform/linux/bus/TheBus.h"
 #include "platform/linux/keyboardservice/ServiceAnswers.h"
 #include "platform/linux/keyboardservice/ServiceCalls.h"
 
@@ -14,20 +15,6 @@
 namespace pallistrom {
 
 namespace {
-
-constexpr const char* busName = "org.freedesktop.DBus";
-constexpr const char* busPath = "/org/freedesktop/DBus";
-
-template<void (BusKeyboardService::*hear)(sd_bus_message*)>
-int handle(sd_bus_message* message, void* service, sd_bus_error* /*error*/) {
-    (static_cast<BusKeyboardService*>(service)->*hear)(message);
-    return 0;
-}
-
-bool isFrom(sd_bus_message* message, std::string_view sender) {
-    const char* const name = sd_bus_message_get_sender(message);
-    return name != nullptr && name == sender;
-}
 
 std::optional<std::string_view> errorName(sd_bus_message* answer) {
     if (sd_bus_message_is_method_error(answer, nullptr) <= 0) {
@@ -94,24 +81,25 @@ void BusKeyboardService::connectToBus() {
         m_bus->disconnect(this);
         m_bus.release()->deleteLater();
     }
-    m_bus = std::make_unique<SystemBus>();
-    connect(m_bus.get(), &SystemBus::ready, this, [this] { busIsReady(); });
-    connect(m_bus.get(), &SystemBus::lost, this, [this] { busIsLost(); });
+    m_bus = std::make_unique<BusConnection>();
+    connect(m_bus.get(), &BusConnection::ready, this, [this] { busIsReady(); });
+    connect(m_bus.get(), &BusConnection::lost, this, [this] { busIsLost(); });
 }
 
 void BusKeyboardService::busIsReady() {
-    m_matches = {m_bus->listen({busName, busPath, busName, "NameOwnerChanged"},
-                               handle<&BusKeyboardService::hearOwner>,
-                               this),
-                 m_bus->listen({busName, busPath, busName, "ActivatableServicesChanged"},
-                               handle<&BusKeyboardService::hearActivatable>,
-                               this),
-                 m_bus->listen({Names::keyboardBusName.data(),
-                                Names::keyboardObject.data(),
-                                Names::keyboardBusName.data(),
-                                "AccessChanged"},
-                               handle<&BusKeyboardService::hearChange>,
-                               this)};
+    m_matches = {
+        m_bus->listen({TheBus::name, TheBus::object, TheBus::name, "NameOwnerChanged"},
+                      busHandler<&BusKeyboardService::hearOwner>,
+                      this),
+        m_bus->listen({TheBus::name, TheBus::object, TheBus::name, "ActivatableServicesChanged"},
+                      busHandler<&BusKeyboardService::hearActivatable>,
+                      this),
+        m_bus->listen({Names::keyboardBusName.data(),
+                       Names::keyboardObject.data(),
+                       Names::keyboardBusName.data(),
+                       "AccessChanged"},
+                      busHandler<&BusKeyboardService::hearChange>,
+                      this)};
     take(Obstacle::ServiceSilent);
     ask();
 }
@@ -136,7 +124,7 @@ void BusKeyboardService::forgetQuestions() {
 
 void BusKeyboardService::ask() {
     m_question = m_bus->ask(
-        ServiceCalls::getVersion(*m_bus), handle<&BusKeyboardService::hearVersion>, this);
+        ServiceCalls::getVersion(*m_bus), busHandler<&BusKeyboardService::hearVersion>, this);
 }
 
 void BusKeyboardService::hearThatQuestionIsRefused(std::string_view error) {
@@ -164,7 +152,7 @@ void BusKeyboardService::hearVersion(sd_bus_message* answer) {
         m_words.tellSession(*m_bus, m_session);
     }
     m_question = m_bus->ask(
-        ServiceCalls::make(*m_bus, "GetAccess"), handle<&BusKeyboardService::hearAccess>, this);
+        ServiceCalls::make(*m_bus, "GetAccess"), busHandler<&BusKeyboardService::hearAccess>, this);
 }
 
 void BusKeyboardService::hearAccess(sd_bus_message* answer) {
@@ -190,7 +178,7 @@ void BusKeyboardService::hearOwner(sd_bus_message* signal) {
     const char* name = nullptr;
     const char* oldOwner = nullptr;
     const char* newOwner = nullptr;
-    if (!isFrom(signal, busName) ||
+    if (!isFrom(signal, TheBus::name) ||
         sd_bus_message_read(signal, "sss", &name, &oldOwner, &newOwner) <= 0 ||
         name != Names::keyboardBusName) {
         return;
@@ -206,7 +194,8 @@ void BusKeyboardService::hearOwner(sd_bus_message* signal) {
 }
 
 void BusKeyboardService::hearActivatable(sd_bus_message* signal) {
-    if (isFrom(signal, busName) && m_obstacle == Obstacle::ServiceNotInstalled && !m_question) {
+    if (isFrom(signal, TheBus::name) && m_obstacle == Obstacle::ServiceNotInstalled &&
+        !m_question) {
         ask();
     }
 }
@@ -242,7 +231,7 @@ void BusKeyboardService::considerRequest() {
     m_wantsGrant = false;
     if (m_obstacle == Obstacle::NotGranted) {
         m_grantCall = m_bus->ask(ServiceCalls::make(*m_bus, "RequestGrant"),
-                                 handle<&BusKeyboardService::hearGrant>,
+                                 busHandler<&BusKeyboardService::hearGrant>,
                                  this);
         m_request = {.isOpen = m_grantCall != nullptr, .answer = {}};
     }

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/linux/bus/BusConnection.h"
 #include "platform/linux/keyboardservice/KeyboardService.h"
 #include "platform/linux/keyboardservice/ServiceWords.h"
-#include "platform/linux/keyboardservice/SystemBus.h"
 #include "platform/linux/keyboardservice/ThisSession.h"
 
 #include <QTimer>
@@ -61,7 +61,7 @@ private:
     void take(std::optional<Obstacle> obstacle);
     void considerRequest();
 
-    std::unique_ptr<SystemBus> m_bus;
+    std::unique_ptr<BusConnection> m_bus;
     std::array<BusSlot, 3> m_matches;
     BusSlot m_question; ///< of the version or the access, while it is open
     BusSlot m_grantCall;

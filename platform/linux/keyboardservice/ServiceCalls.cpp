@@ -9,14 +9,14 @@ namespace pallistrom::ServiceCalls {
 
 namespace {
 
-BusMessage makeCall(const SystemBus& bus, const char* interface, const char* member) {
+BusMessage makeCall(const BusConnection& bus, const char* interface, const char* member) {
     return bus.makeCall(
         Names::keyboardBusName.data(), Names::keyboardObject.data(), interface, member);
 }
 
 } // namespace
 
-BusMessage getVersion(const SystemBus& bus) {
+BusMessage getVersion(const BusConnection& bus) {
     auto call = makeCall(bus, "org.freedesktop.DBus.Properties", "Get");
     if (call) {
         sd_bus_message_append(call.get(), "ss", Names::keyboardBusName.data(), "Version");
@@ -24,7 +24,7 @@ BusMessage getVersion(const SystemBus& bus) {
     return call;
 }
 
-BusMessage make(const SystemBus& bus, const char* member) {
+BusMessage make(const BusConnection& bus, const char* member) {
     auto call = makeCall(bus, Names::keyboardBusName.data(), member);
     if (call) {
         sd_bus_message_set_auto_start(call.get(), 0);
@@ -32,7 +32,7 @@ BusMessage make(const SystemBus& bus, const char* member) {
     return call;
 }
 
-BusMessage setSession(const SystemBus& bus, const std::string& id) {
+BusMessage setSession(const BusConnection& bus, const std::string& id) {
     auto call = make(bus, "SetSession");
     if (call) {
         sd_bus_message_append_basic(call.get(), 's', id.c_str());
@@ -40,7 +40,7 @@ BusMessage setSession(const SystemBus& bus, const std::string& id) {
     return call;
 }
 
-BusMessage setTap(const SystemBus& bus, bool on) {
+BusMessage setTap(const BusConnection& bus, bool on) {
     auto call = make(bus, "SetTap");
     if (call) {
         const int value = on ? 1 : 0;
@@ -49,7 +49,7 @@ BusMessage setTap(const SystemBus& bus, bool on) {
     return call;
 }
 
-BusMessage setSwitches(const SystemBus& bus, std::uint32_t switches) {
+BusMessage setSwitches(const BusConnection& bus, std::uint32_t switches) {
     auto call = make(bus, "SetSwitches");
     if (call) {
         sd_bus_message_append_basic(call.get(), 'u', &switches);
@@ -57,7 +57,7 @@ BusMessage setSwitches(const SystemBus& bus, std::uint32_t switches) {
     return call;
 }
 
-BusMessage setModifiers(const SystemBus& bus, const ModifierTable& modifiers) {
+BusMessage setModifiers(const BusConnection& bus, const ModifierTable& modifiers) {
     auto call = make(bus, "SetModifiers");
     if (!call) {
         return nullptr;
@@ -75,7 +75,7 @@ BusMessage setModifiers(const SystemBus& bus, const ModifierTable& modifiers) {
     return call;
 }
 
-BusMessage setFrontApplication(const SystemBus& bus, FrontApplication application) {
+BusMessage setFrontApplication(const BusConnection& bus, FrontApplication application) {
     auto call = make(bus, "SetFrontApplication");
     if (call) {
         const auto kind = static_cast<std::uint8_t>(application);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/linux/bus/BusConnection.h"
 #include "platform/linux/front/FrontApplication.h"
-#include "platform/linux/keyboardservice/SystemBus.h"
 #include "platform/linux/keys/ModifierTable.h"
 
 #include <cstdint>
@@ -13,15 +13,16 @@
 namespace pallistrom::ServiceCalls {
 
 /// Has the bus start the service, if it knows how. The others do not.
-[[nodiscard]] BusMessage getVersion(const SystemBus& bus);
+[[nodiscard]] BusMessage getVersion(const BusConnection& bus);
 
 /// A call without arguments.
-[[nodiscard]] BusMessage make(const SystemBus& bus, const char* member);
+[[nodiscard]] BusMessage make(const BusConnection& bus, const char* member);
 
-[[nodiscard]] BusMessage setSession(const SystemBus& bus, const std::string& id);
-[[nodiscard]] BusMessage setTap(const SystemBus& bus, bool on);
-[[nodiscard]] BusMessage setSwitches(const SystemBus& bus, std::uint32_t switches);
-[[nodiscard]] BusMessage setModifiers(const SystemBus& bus, const ModifierTable& modifiers);
-[[nodiscard]] BusMessage setFrontApplication(const SystemBus& bus, FrontApplication application);
+[[nodiscard]] BusMessage setSession(const BusConnection& bus, const std::string& id);
+[[nodiscard]] BusMessage setTap(const BusConnection& bus, bool on);
+[[nodiscard]] BusMessage setSwitches(const BusConnection& bus, std::uint32_t switches);
+[[nodiscard]] BusMessage setModifiers(const BusConnection& bus, const ModifierTable& modifiers);
+[[nodiscard]] BusMessage setFrontApplication(const BusConnection& bus,
+                                             FrontApplication application);
 
 } // namespace pallistrom::ServiceCalls

@@ -23,33 +23,33 @@ void ServiceWords::forget() {
     }
 }
 
-void ServiceWords::tellSession(SystemBus& bus, const std::string& id) {
+void ServiceWords::tellSession(BusConnection& bus, const std::string& id) {
     tell(m_session, bus, [&bus, id] { return ServiceCalls::setSession(bus, id); });
 }
 
-void ServiceWords::tellWithdrawal(SystemBus& bus) {
+void ServiceWords::tellWithdrawal(BusConnection& bus) {
     tell(m_withdrawal, bus, [&bus] { return ServiceCalls::make(bus, "WithdrawGrant"); });
 }
 
-void ServiceWords::tellEndOfPanic(SystemBus& bus) {
+void ServiceWords::tellEndOfPanic(BusConnection& bus) {
     tell(m_endOfPanic, bus, [&bus] { return ServiceCalls::make(bus, "EndPanic"); });
 }
 
-void ServiceWords::tellTap(SystemBus& bus, bool on) {
+void ServiceWords::tellTap(BusConnection& bus, bool on) {
     m_wantsTap = on;
     tell(m_tap, bus, [&bus, on] { return ServiceCalls::setTap(bus, on); });
 }
 
-void ServiceWords::tellSwitches(SystemBus& bus, std::uint32_t switches) {
+void ServiceWords::tellSwitches(BusConnection& bus, std::uint32_t switches) {
     tell(m_switches, bus, [&bus, switches] { return ServiceCalls::setSwitches(bus, switches); });
 }
 
-void ServiceWords::tellModifiers(SystemBus& bus, const ModifierTable& modifiers) {
+void ServiceWords::tellModifiers(BusConnection& bus, const ModifierTable& modifiers) {
     tell(
         m_modifiers, bus, [&bus, modifiers] { return ServiceCalls::setModifiers(bus, modifiers); });
 }
 
-void ServiceWords::tellFrontApplication(SystemBus& bus, FrontApplication application) {
+void ServiceWords::tellFrontApplication(BusConnection& bus, FrontApplication application) {
     const auto due = m_frontsTold.at(m_oldestFront) + std::chrono::seconds(1);
     const auto make = [&bus, application] {
         return ServiceCalls::setFrontApplication(bus, application);
@@ -64,7 +64,7 @@ void ServiceWords::tellFrontApplication(SystemBus& bus, FrontApplication applica
     armTimer();
 }
 
-void ServiceWords::tell(Word& word, SystemBus& bus, std::function<BusMessage()> make) {
+void ServiceWords::tell(Word& word, BusConnection& bus, std::function<BusMessage()> make) {
     word.bus = &bus;
     word.make = std::move(make);
     send(word);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/linux/bus/BusConnection.h"
 #include "platform/linux/front/FrontApplication.h"
-#include "platform/linux/keyboardservice/SystemBus.h"
 #include "platform/linux/keys/ModifierTable.h"
 
 #include <QTimer>
@@ -45,13 +45,13 @@ public:
     void dropWithdrawal() { m_withdrawal = {.owner = this}; }
 
     // Each tells the service that is on `bus`, which outlives the words or is forgotten before.
-    void tellSession(SystemBus& bus, const std::string& id);
-    void tellWithdrawal(SystemBus& bus);
-    void tellEndOfPanic(SystemBus& bus);
-    void tellTap(SystemBus& bus, bool on);
-    void tellSwitches(SystemBus& bus, std::uint32_t switches);
-    void tellModifiers(SystemBus& bus, const ModifierTable& modifiers);
-    void tellFrontApplication(SystemBus& bus, FrontApplication application);
+    void tellSession(BusConnection& bus, const std::string& id);
+    void tellWithdrawal(BusConnection& bus);
+    void tellEndOfPanic(BusConnection& bus);
+    void tellTap(BusConnection& bus, bool on);
+    void tellSwitches(BusConnection& bus, std::uint32_t switches);
+    void tellModifiers(BusConnection& bus, const ModifierTable& modifiers);
+    void tellFrontApplication(BusConnection& bus, FrontApplication application);
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -59,12 +59,12 @@ private:
     struct Word {
         ServiceWords* owner = nullptr;
         std::function<BusMessage()> make{};
-        SystemBus* bus = nullptr;
+        BusConnection* bus = nullptr;
         BusSlot call{};                         ///< until it is answered
         std::optional<Clock::time_point> due{}; ///< when it is to be told, if not now
     };
 
-    static void tell(Word& word, SystemBus& bus, std::function<BusMessage()> make);
+    static void tell(Word& word, BusConnection& bus, std::function<BusMessage()> make);
     static void send(Word& word);
     static int answered(sd_bus_message* answer, void* word, sd_bus_error* error);
     void sendDue();

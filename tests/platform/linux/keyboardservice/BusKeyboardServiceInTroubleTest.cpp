@@ -100,7 +100,7 @@ TEST_F(BusKeyboardServiceInTroubleTest, closesARequestThatTheEndOfTheBusHasCutOf
 
 // What was said last has to leave the program, but not at any price.
 TEST_F(BusKeyboardServiceInTroubleTest, waitsALittleForABusThatReadsNothing) {
-    SystemBus full;
+    BusConnection full;
     ASSERT_TRUE(loop.runUntil([&] { return full.isReady(); }));
     EXPECT_TRUE(full.flush(std::chrono::milliseconds(0))) << "nothing is left to send";
     bus.signal(SIGSTOP);
@@ -204,7 +204,7 @@ TEST_F(BusKeyboardServiceInTroubleTest, believesNobodyElse) {
     const std::string listener = service->listeners().front();
     heard.clear();
 
-    SystemBus stranger;
+    BusConnection stranger;
     ASSERT_TRUE(loop.runUntil([&] { return stranger.isReady(); }));
     sd_bus_message* made = nullptr;
     sd_bus_message_new_signal(stranger.get(),

@@ -22,7 +22,7 @@ void appendNumber(sd_bus_message* message, const char* type, std::uint32_t numbe
 } // namespace
 
 FakeBusService::FakeBusService(Answers first) : answers(first) {
-    QObject::connect(&m_bus, &SystemBus::ready, &m_bus, [this] { busIsReady(); });
+    QObject::connect(&m_bus, &BusConnection::ready, &m_bus, [this] { busIsReady(); });
 }
 
 void FakeBusService::busIsReady() {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/keyboardservice/SystemBus.h"
+#include "platform/linux/bus/BusConnection.h"
 
 #include <cstdint>
 #include <functional>
@@ -67,7 +67,7 @@ private:
     [[nodiscard]] static std::string argumentsOf(sd_bus_message* message);
     void reply(sd_bus_message* message, std::uint32_t number) const;
 
-    SystemBus m_bus;
+    BusConnection m_bus;
     bool m_isThere = false;
     BusSlot m_object;
     BusSlot m_name;

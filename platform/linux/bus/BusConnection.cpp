@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Pallistrom authors
 // SPDX-License-Identifier: MIT
-#include "platform/linux/keyboardservice/SystemBus.h"
+#include "platform/linux/bus/BusConnection.h"
 
 #include "platform/linux/SessionPaths.h"
 
@@ -46,18 +46,18 @@ void forget(QSocketNotifier* notifier) {
 
 } // namespace
 
-SystemBus::SystemBus() : SystemBus(addressOfBus()) {}
+BusConnection::BusConnection() : BusConnection(addressOfBus()) {}
 
-SystemBus::SystemBus(const std::string& address) : m_bus(openBus(address)) {
+BusConnection::BusConnection(const std::string& address) : m_bus(openBus(address)) {
     m_timer.setSingleShot(true);
     QObject::connect(&m_timer, &QTimer::timeout, this, [this] { process(); });
     rearm();
 }
 
-BusMessage SystemBus::makeCall(const char* service,
-                               const char* path,
-                               const char* interface,
-                               const char* member) const {
+BusMessage BusConnection::makeCall(const char* service,
+                                   const char* path,
+                                   const char* interface,
+                                   const char* member) const {
     sd_bus_message* made = nullptr;
     if (!m_bus ||
         sd_bus_message_new_method_call(m_bus.get(), &made, service, path, interface, member) < 0) {
@@ -66,7 +66,7 @@ BusMessage SystemBus::makeCall(const char* service,
     return BusMessage(made);
 }
 
-void SystemBus::send(BusMessage call) {
+void BusConnection::send(BusMessage call) {
     if (call) {
         sd_bus_message_set_expect_reply(call.get(), 0);
         sd_bus_send(m_bus.get(), call.get(), nullptr);
@@ -74,7 +74,7 @@ void SystemBus::send(BusMessage call) {
     }
 }
 
-BusSlot SystemBus::ask(BusMessage call, sd_bus_message_handler_t answered, void* userData) {
+BusSlot BusConnection::ask(BusMessage call, sd_bus_message_handler_t answered, void* userData) {
     sd_bus_slot* slot = nullptr;
     if (call) {
         sd_bus_call_async(m_bus.get(), &slot, call.get(), answered, userData, forever);
@@ -85,7 +85,7 @@ BusSlot SystemBus::ask(BusMessage call, sd_bus_message_handler_t answered, void*
 
 // A bus that does not read leaves messages in the library's hands, which would wait for it without
 // an end. Once the socket takes anything it has room for more than we ever say at once.
-bool SystemBus::flush(std::chrono::milliseconds atMost) {
+bool BusConnection::flush(std::chrono::milliseconds atMost) {
     if (!isReady() || (sd_bus_get_events(m_bus.get()) & POLLOUT) == 0) {
         return true;
     }
@@ -94,7 +94,8 @@ bool SystemBus::flush(std::chrono::milliseconds atMost) {
            (socket.revents & POLLOUT) != 0 && sd_bus_flush(m_bus.get()) >= 0;
 }
 
-BusSlot SystemBus::listen(const BusSignal& signal, sd_bus_message_handler_t heard, void* userData) {
+BusSlot
+BusConnection::listen(const BusSignal& signal, sd_bus_message_handler_t heard, void* userData) {
     std::string rule = "type='signal'";
     for (const auto& [key, value] : {std::pair("sender", signal.sender),
                                      std::pair("path", signal.path),
@@ -111,7 +112,7 @@ BusSlot SystemBus::listen(const BusSignal& signal, sd_bus_message_handler_t hear
     return BusSlot(slot);
 }
 
-void SystemBus::process() {
+void BusConnection::process() {
     // So that a flood leaves the rest of the program its turn.
     constexpr int mostPerTurn = 64;
     int result = 1;
@@ -128,7 +129,7 @@ void SystemBus::process() {
     }
 }
 
-void SystemBus::rearm() {
+void BusConnection::rearm() {
     if (!m_bus || sd_bus_is_open(m_bus.get()) <= 0) {
         m_timer.stop();
         watch(-1);
@@ -152,7 +153,7 @@ void SystemBus::rearm() {
 }
 
 // It is another descriptor before there is a socket to connect to.
-void SystemBus::watch(int descriptor) {
+void BusConnection::watch(int descriptor) {
     if (m_readable != nullptr && m_readable->socket() == descriptor) {
         return;
     }

@@ -26,6 +26,16 @@ struct BusRelease {
 using BusSlot = std::unique_ptr<sd_bus_slot, BusRelease>;
 using BusMessage = std::unique_ptr<sd_bus_message, BusRelease>;
 
+/// Handles a message, for libsystemd, by a member function of the object that comes with it.
+template<auto member>
+int busHandler(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
+    const auto call = [&]<typename Class>(void (Class::*hear)(sd_bus_message*)) {
+        (static_cast<Class*>(self)->*hear)(message);
+    };
+    call(member);
+    return 0;
+}
+
 /// A signal to listen to. The bus lets anybody send anything to anybody, so who has sent it is
 /// for the handler to look at.
 struct BusSignal {
@@ -36,17 +46,18 @@ struct BusSignal {
     const char* argument = nullptr; ///< its first one, a text
 };
 
-/// A connection to the system bus, or to another one, on Qt's run loop. Nothing here waits: not for
+/// A connection to a bus, on Qt's run loop. Nothing here waits: not for
 /// a bus that takes what it is sent and never answers, and not where there is none, whose socket is
 /// watched for.
-class SystemBus final : public QObject {
+class BusConnection final : public QObject {
     Q_OBJECT
 
 public:
-    SystemBus();
+    /// To the system bus.
+    BusConnection();
 
     /// To the bus at `address`, written as buses write it.
-    explicit SystemBus(const std::string& address);
+    explicit BusConnection(const std::string& address);
 
     /// For vtables and the like; null where the bus has an address that means nothing.
     [[nodiscard]] sd_bus* get() const { return m_bus.get(); }
