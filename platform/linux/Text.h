@@ -3,9 +3,11 @@
 #pragma once
 
 #include <algorithm>
+#include <charconv>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 /// What the readers of small text files share.
 namespace pallistrom::Text {
@@ -50,6 +52,15 @@ void forEachLine(std::string_view text, const Use& use) {
         return false;
     }
     return std::nullopt;
+}
+
+/// Returns the decimal number that all of `text` is; nothing if it is something else, or too large.
+template<typename Number>
+[[nodiscard]] std::optional<Number> number(std::string_view text) {
+    Number value{};
+    const auto* const last = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), last, value);
+    return error == std::errc() && stop == last ? std::optional(value) : std::nullopt;
 }
 
 } // namespace pallistrom::Text

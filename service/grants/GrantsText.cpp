@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "service/grants/GrantsText.h"
 
-#include <charconv>
+#include "platform/linux/Text.h"
 
 namespace pallistrom::GrantsText {
 
@@ -36,10 +36,8 @@ std::optional<Grant> grantNamed(std::string_view word) {
 }
 
 std::optional<uid_t> userIn(std::string_view word) {
-    uid_t user = noUser;
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), user);
-    const bool isWhole = error == std::errc{} && end == word.data() + word.size();
-    return isWhole && user != noUser ? std::optional{user} : std::nullopt;
+    const auto user = Text::number<uid_t>(word);
+    return user == noUser ? std::nullopt : user;
 }
 
 // Returns whether the line says anything, and something new.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/update/Appcast.h"
 
+#include "platform/linux/Text.h"
 #include "platform/linux/update/AppcastReader.h"
 #include "platform/linux/update/PlainNotes.h"
 #include "platform/linux/update/VersionOrder.h"
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 namespace pallistrom {
 
@@ -71,14 +71,6 @@ const std::array<TextElement, 2> plainTexts{{
 
 // clang-format on
 
-template<typename Number>
-std::optional<Number> number(std::string_view text) {
-    Number value = 0;
-    const auto* const last = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), last, value);
-    return error == std::errc() && stop == last ? std::optional(value) : std::nullopt;
-}
-
 std::optional<std::int64_t> secondsOf(const std::string& date) {
     QString text = QString::fromStdString(date);
     for (const auto* const zero : {" GMT", " UTC", " UT", " Z"}) {
@@ -120,7 +112,7 @@ void readArchive(AppcastReader& reader, Draft& draft) {
     draft.take(draft.archiveVersion, reader.updateAttribute(QLatin1String("version")));
     draft.take(draft.archiveShortVersion,
                reader.updateAttribute(QLatin1String("shortVersionString")));
-    archive.length = number<std::uint64_t>(length).value_or(0);
+    archive.length = Text::number<std::uint64_t>(length).value_or(0);
     archive.signature = Ed25519Signature::fromBase64(signature);
 }
 
@@ -209,7 +201,7 @@ std::optional<AppcastItem> finished(Draft&& draft) {
     }
     item.hardware = wordsOf(draft.hardware);
     item.rollOutInterval =
-        std::max<std::int64_t>(number<std::int64_t>(draft.rollOutInterval).value_or(0), 0);
+        std::max<std::int64_t>(Text::number<std::int64_t>(draft.rollOutInterval).value_or(0), 0);
     item.published = secondsOf(draft.published);
     return std::move(item);
 }

@@ -5,7 +5,6 @@
 #include "platform/linux/Text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 #include <span>
 
@@ -45,13 +44,6 @@ std::optional<Fields> fieldsIn(std::string_view comment) {
     return isGood && fields.signature && fields.length ? std::optional(fields) : std::nullopt;
 }
 
-std::optional<std::size_t> number(std::string_view text) {
-    std::size_t value = 0;
-    const auto* const last = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), last, value);
-    return error == std::errc() && stop == last ? std::optional(value) : std::nullopt;
-}
-
 std::span<const unsigned char> bytesOf(std::string_view text) {
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): bytes are bytes
     return {reinterpret_cast<const unsigned char*>(text.data()), text.size()};
@@ -71,7 +63,7 @@ std::optional<std::string_view> signedPart(std::string_view feed, const Ed25519K
     }
     comment.remove_suffix(end.size());
     const auto fields = fieldsIn(comment);
-    const auto length = fields ? number(*fields->length) : std::nullopt;
+    const auto length = fields ? Text::number<std::size_t>(*fields->length) : std::nullopt;
     const auto signature = fields ? Ed25519Signature::fromBase64(*fields->signature) : std::nullopt;
     if (!length || !signature || *length > start ||
         feed.substr(*length, start - *length).find_first_not_of(whiteSpace) !=

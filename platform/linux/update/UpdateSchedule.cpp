@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/update/UpdateSchedule.h"
 
+#include "platform/linux/Text.h"
+
 #include <algorithm>
-#include <charconv>
 
 namespace pallistrom::UpdateSchedule {
 
@@ -12,13 +13,8 @@ using std::chrono::seconds;
 seconds interval(std::string_view text) {
     // So much longer than anybody would wait that sums of it are still numbers.
     constexpr std::int64_t longest = std::int64_t{100} * 365 * 24 * 60 * 60;
-    std::int64_t value = 0;
-    const auto* const last = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), last, value);
-    if (error != std::errc() || stop != last) {
-        return usualInterval;
-    }
-    return std::max(seconds(std::min(value, longest)), shortestInterval);
+    const auto value = Text::number<std::int64_t>(text);
+    return value ? std::max(seconds(std::min(*value, longest)), shortestInterval) : usualInterval;
 }
 
 seconds wait(std::optional<std::int64_t> lastCheck, std::int64_t now, seconds interval) {

@@ -6,8 +6,6 @@
 #include "platform/linux/update/UpdateChoice.h"
 #include "platform/linux/update/VersionOrder.h"
 
-#include <charconv>
-
 namespace pallistrom {
 
 namespace {
@@ -18,18 +16,10 @@ constexpr std::string_view skippedName = "skipped-version";
 constexpr std::string_view newestName = "newest-version";
 constexpr std::string_view groupName = "roll-out-group";
 
-template<typename Number>
-std::optional<Number> number(std::string_view text) {
-    Number value = 0;
-    const auto* const last = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), last, value);
-    return error == std::errc() && stop == last ? std::optional(value) : std::nullopt;
-}
-
 // Returns whether `value` is one of `name`.
 bool take(UpdateState& state, std::string_view name, std::string_view value) {
     if (name == lastCheckName) {
-        state.lastCheck = number<std::int64_t>(value);
+        state.lastCheck = Text::number<std::int64_t>(value);
         return state.lastCheck && *state.lastCheck >= 0;
     }
     if (name == checksByItselfName) {
@@ -37,7 +27,7 @@ bool take(UpdateState& state, std::string_view name, std::string_view value) {
         return state.checksByItself.has_value();
     }
     if (name == groupName) {
-        state.rollOutGroup = number<int>(value);
+        state.rollOutGroup = Text::number<int>(value);
         return state.rollOutGroup && *state.rollOutGroup >= 0 &&
                *state.rollOutGroup < UpdateChoice::rollOutGroups;
     }
