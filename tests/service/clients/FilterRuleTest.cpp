@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "service/clients/FilterRule.h"
 
+#include "People.h"
 #include "service/clients/AccessRule.h"
 
 #include <gtest/gtest.h>
@@ -14,8 +15,6 @@ namespace pallistrom {
 namespace {
 
 using KeyboardInterface::Access;
-
-constexpr UserId ann = 1000;
 
 struct FilterCase {
     const char* name;

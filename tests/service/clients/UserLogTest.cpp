@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "service/clients/UserLog.h"
 
+#include "People.h"
 #include "RecordedLog.h"
 
 #include <gmock/gmock.h>
@@ -14,9 +15,6 @@ namespace {
 using About = UserLog::About;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr UserId ann = 1000;
-constexpr UserId bob = 1001;
 
 class UserLogTest : public testing::Test {
 protected:

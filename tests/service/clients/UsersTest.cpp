@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "service/clients/Users.h"
 
+#include "People.h"
+
 #include <gmock/gmock.h>
 
 #include <map>
@@ -15,9 +17,6 @@ namespace {
 using std::chrono::seconds;
 using testing::Eq;
 using testing::Optional;
-
-constexpr UserId ann = 1000;
-constexpr UserId bob = 1001;
 
 ActiveSession sessionOf(UserId user, const std::string& id) {
     return {.id = id, .user = user, .isLocked = false};

@@ -3,6 +3,7 @@
 #include "service/grants/GrantStore.h"
 
 #include "InChildProcess.h"
+#include "People.h"
 #include "RecordedLog.h"
 #include "TemporaryFolder.h"
 #include "TinyDisk.h"
@@ -25,9 +26,6 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-constexpr uid_t ann = 1000;
-constexpr uid_t bob = 1001;
 
 class GrantStores : public testing::Test {
 protected:

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/front/FrontRule.h"
 
+#include "TerminalByName.h"
+
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -22,11 +24,6 @@ struct RuleCase {
 
     friend void PrintTo(const RuleCase& rule, std::ostream* stream) { *stream << rule.name; }
 };
-
-FrontApplication classify(const WindowClass& window) {
-    return window.name == "terminal" ? FrontApplication::KeepsItsKeys
-                                     : FrontApplication::TakesEditingKeys;
-}
 
 FrontReport reportOf(char letter) {
     switch (letter) {
@@ -55,7 +52,7 @@ char letterOf(std::optional<FrontApplication> application) {
 class FrontRuleTable : public testing::TestWithParam<RuleCase> {};
 
 TEST_P(FrontRuleTable, holds) {
-    FrontRule rule(classify);
+    FrontRule rule(terminalByName);
     for (const char letter : GetParam().reports) {
         rule.take(reportOf(letter));
     }

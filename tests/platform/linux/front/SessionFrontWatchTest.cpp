@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/front/SessionFrontWatch.h"
 
+#include "TerminalByName.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -14,11 +16,6 @@ namespace {
 
 const FrontReport terminal = FrontReport::of({.instance = "", .name = "terminal"});
 const FrontReport editor = FrontReport::of({.instance = "", .name = "editor"});
-
-FrontApplication classify(const WindowClass& window) {
-    return window.name == "terminal" ? FrontApplication::KeepsItsKeys
-                                     : FrontApplication::TakesEditingKeys;
-}
 
 /// Says what it is told to.
 class FakeSource final : public FrontSource {
@@ -57,7 +54,7 @@ protected:
     }
 
     int changes = 0;
-    SessionFrontWatch watch{classify, [this] {
+    SessionFrontWatch watch{terminalByName, [this] {
                                 ++changes;
                             }};
     FakeSource& first;
